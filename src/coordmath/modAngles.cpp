@@ -1,0 +1,203 @@
+#include "coordmath/modAngles.hpp"
+
+#include <cmath>
+#include <vector>
+
+#include "platform/modCodePage.hpp"
+#include "platform/modFaults.hpp"
+#include "platform/modNumbers.hpp"
+#include "platform/modPrompts.hpp"
+#include "platform/modText.hpp"
+#include "surveyfiles/modSurveyRecords.hpp"
+
+namespace tarvek {
+namespace {
+
+constexpr double FullCircle = 6.28318530717958;  // 2 pi cut at 15 significant digits
+constexpr double LargestSeconds = 59.9999999999999;
+
+// True if minutes and seconds are within their limits; otherwise the user is told, with the angle's text.
+bool CheckParts(double minutes, double seconds, std::string_view angle) {
+    std::string_view fault;
+    if (minutes < 0 || minutes > 59)
+        fault = "'. Minutes portion must be positive and not exceed 59.";
+    else if (seconds < 0 || seconds > LargestSeconds)
+        fault = "'. Seconds portion must be positive and not exceed 59.9999999999999.";
+    else
+        return true;
+    TellFault("Invalid Angle '" + std::string(angle) + std::string(fault), "Invalid Angle");
+    return false;
+}
+
+std::string DMSText(double degrees, double minutes, double seconds) {
+    return GeneralText(degrees) + ' ' + GeneralText(minutes) + ' ' + GeneralText(seconds);
+}
+
+// The value rounded to `decimals` digits, as it is printed.
+double Rounded(double value, int decimals) { return NumberFromText(FixedText(value, decimals)); }
+
+double NotNegative(double value) { return value < 0 ? 0 : value; }
+
+struct Parser {
+    std::string_view format;
+    double (*parse)(std::string_view);
+};
+
+constexpr Parser Parsers[] = {
+    {AngleFormatDMS, Angles_GET_RadFromDMS},
+    {AngleFormatPacked, Angles_GET_RadFromDMSPacked},
+    {AngleFormatDegrees, Angles_GET_RadFromDegrees},
+    {AngleFormatDM, Angles_GET_RadFromDM},
+};
+
+double TurnedOver(double radians) { return radians * -1.0; }
+double Unchanged(double radians) { return radians; }
+double ToFullCircle(double radians) { return FullCircle - radians; }
+double LessFullCircle(double radians) { return radians - FullCircle; }
+
+struct DirectionChange {
+    std::string_view in;
+    std::string_view out;
+    double (*change)(double);
+};
+
+// For "E" and "W" the value has been brought to 0 to 360 degrees before.
+constexpr DirectionChange DirectionChanges[] = {
+    {"N", "N", Unchanged},    {"N", "S", TurnedOver},   {"S", "S", Unchanged},       {"S", "N", TurnedOver},
+    {"E", "E", Unchanged},    {"E", "W", ToFullCircle}, {"E", "-W", LessFullCircle}, {"W", "W", Unchanged},
+    {"W", "E", ToFullCircle}, {"W", "-W", TurnedOver},
+};
+
+}  // namespace
+
+double Angles_GET_Radians(std::string_view text, std::string_view angularFormat) {
+    for (const Parser& parser : Parsers)
+        if (parser.format == angularFormat) return parser.parse(text);
+    TellFault("Unknown Angular Format. Can not convert angle to radians.", "Invalid Angular Format");
+    return NoValue;
+}
+
+double Angles_GET_RadFromDMS(std::string_view text) {
+    const std::vector<std::string_view> fields = Split(text, ' ');
+    double degrees = Integer16FromText(fields[0]);
+    const bool negative = degrees < 0;
+    if (negative) degrees = -degrees;
+    const double minutes = fields.size() > 1 ? Integer16FromText(fields[1]) : 0;
+    const double seconds = fields.size() > 2 ? NumberFromText(fields[2]) : 0;
+    if (!CheckParts(minutes, seconds, text)) return NoValue;
+    // The detour over 15 digits of text is wanted: the radians are those of the rounded decimal degrees.
+    const double decimalDegrees = minutes / 60.0 + degrees + seconds / 3600.0;
+    const double radians = Angles_GET_RadFromDegrees(GeneralText(decimalDegrees));
+    return negative ? radians * -1.0 : radians;
+}
+
+double Angles_GET_RadFromDMSPacked(std::string_view text) {
+    const std::size_t point = text.find('.');
+    double degrees = 0;
+    double minutes = 0;
+    double seconds = 0;
+    if (point == std::string_view::npos) {
+        degrees = Integer16FromText(text);
+    } else {
+        const std::string_view behind = text.substr(point + 1);
+        if (point > 0) degrees = Integer16FromText(text.substr(0, point));
+        minutes = Integer16FromText(behind.substr(0, 2));
+        if (behind.size() == 1) minutes *= 10;
+        if (behind.size() >= 4) {
+            std::string digits(behind.substr(2));
+            digits.insert(2, 1, '.');
+            seconds = NumberFromText(digits);
+        }
+    }
+    if (!CheckParts(minutes, seconds, text)) return NoValue;
+    return Angles_GET_RadFromDMS(DMSText(degrees, minutes, seconds));
+}
+
+double Angles_GET_RadFromDM(std::string_view text) {
+    const std::vector<std::string_view> fields = Split(text, ' ');
+    const double degrees = Integer16FromText(fields[0]);
+    if (fields.size() < 2) RaiseFault(Fault::SubscriptOutOfRange);
+    const double decimalMinutes = NumberFromText(fields[1]);
+    const double minutes = Integer16FromNumber(std::trunc(decimalMinutes));
+    const double seconds = (decimalMinutes - minutes) * 60.0;
+    if (!CheckParts(minutes, seconds, text)) return NoValue;
+    return Angles_GET_RadFromDMS(DMSText(degrees, minutes, seconds));
+}
+
+double Angles_GET_RadFromDegrees(std::string_view text) {
+    const std::optional<double> degrees = ParseNumber(text);
+    return degrees ? *degrees * RadiansPerDegree : NoValue;
+}
+
+std::string Angles_GET_TextDegrees(double radians, int decimals, bool withSymbols) {
+    std::string text = FixedText(radians * DegreesPerRadian, decimals);
+    if (withSymbols) text += DegreeSign;
+    return text;
+}
+
+std::string Angles_GET_TextDM(double radians, int decimals, bool withSymbols) {
+    // Four spare digits, so that the parts are those of the rounded decimal value.
+    const std::string degreesText = Angles_GET_TextDegrees(radians, decimals + 4, false);
+    const double value = NumberFromText(degreesText);
+    if (value == NoValue) return degreesText;
+    const double positive = std::fabs(value);
+    double degrees = std::trunc(positive);
+    double minutes = (positive - degrees) * 60.0;
+    if (Rounded(minutes, decimals) >= 60) {
+        minutes = NotNegative(minutes - 60.0);
+        degrees += 1;
+    }
+    std::string text = value < 0 ? "-" : "";
+    text += FixedText(degrees, 0);
+    if (withSymbols) text += DegreeSign;
+    text += ' ' + TwoDigitFixedText(minutes, decimals);
+    if (withSymbols) text += '\'';
+    return text;
+}
+
+std::string Angles_GET_TextDMS(double radians, int decimals, bool withSymbols) {
+    const double value = NumberFromText(Angles_GET_TextDegrees(radians, decimals + 4, false));
+    const double positive = std::fabs(value);
+    double degrees = std::trunc(positive);
+    const double decimalMinutes = (positive - degrees) * 60.0;
+    double minutes = std::trunc(decimalMinutes);
+    double seconds = (decimalMinutes - minutes) * 60.0;
+    if (Rounded(seconds, decimals) >= 60.0) {
+        seconds = NotNegative(seconds - 60.0);
+        minutes += 1;
+    }
+    if (minutes >= 60) {
+        minutes -= 60;
+        degrees += 1;
+    }
+    std::string text = value < 0 ? "-" : "";
+    text += FixedText(degrees, 0);
+    if (withSymbols) text += DegreeSign;
+    text += minutes < 10 ? " 0" : " ";
+    text += FixedText(minutes, 0);
+    if (withSymbols) text += '\'';
+    text += ' ' + TwoDigitFixedText(seconds, decimals);
+    if (withSymbols) text += '"';
+    return CheckParts(minutes, Rounded(seconds, decimals), text) ? text : NoValueText;
+}
+
+std::string Angles_GET_TextDMSPacked(double radians, int decimals, bool /*withSymbols*/) {
+    const std::string text = Angles_GET_TextDMS(radians, decimals, false);
+    if (text == NoValueText) return text;
+    const std::vector<std::string_view> parts = Split(text, ' ');
+    return std::string(parts[0]) + '.' + std::string(parts[1]) + ReplaceAll(parts[2], ".", "");
+}
+
+double Angles_GET_Direction(double radians, std::string_view directionIn, std::string_view directionOut) {
+    if (radians == NoValue) return NoValue;
+    if (directionIn == "-W") {
+        radians = -radians;
+        directionIn = "W";
+    }
+    if ((directionIn == "E" || directionIn == "W") && radians < 0) radians += FullCircle;
+    for (const DirectionChange& row : DirectionChanges)
+        if (row.in == directionIn && row.out == directionOut) return row.change(radians);
+    return NoValue;
+}
+
+}  // namespace tarvek

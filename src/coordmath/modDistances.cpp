@@ -1,0 +1,42 @@
+#include "coordmath/modDistances.hpp"
+
+#include <iterator>
+
+#include "surveyfiles/modSurveyRecords.hpp"
+
+namespace tarvek {
+namespace {
+
+struct Unit {
+    std::string_view name;
+    std::string_view letter;
+    double factors[3];  // to the units of this table, in its order
+};
+
+// 3937/1200 and 1200/3937 for the U.S. survey foot (Federal Register notice 59-5442, 1959); 2 ppm between the
+// feet.
+constexpr Unit Units[] = {
+    {"Meters", "M", {1.0, 3.2808333333333333, 3.280839895}},
+    {"U.S. Survey Feet", "F", {0.3048006096012192, 1.0, 1.000002}},
+    {"International Feet", "I", {0.3048, 0.999998, 1.0}},
+};
+
+const Unit* FindUnit(std::string_view text) {
+    for (const Unit& unit : Units)
+        if (text == unit.name || text == unit.letter) return &unit;
+    return nullptr;
+}
+
+}  // namespace
+
+double Distances_GET_Convert(double value, std::string_view unitFrom, std::string_view unitTo) {
+    if (unitFrom == unitTo) return value;
+    if (value == NoValue) return NoValue;
+    const Unit* from = FindUnit(unitFrom);
+    if (from == nullptr) return value;
+    const Unit* to = FindUnit(unitTo);
+    if (to == nullptr) return NoValue;
+    return from == to ? value : value * from->factors[to - std::begin(Units)];
+}
+
+}  // namespace tarvek

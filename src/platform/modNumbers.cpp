@@ -1,0 +1,223 @@
+#include "platform/modNumbers.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "platform/modFaults.hpp"
+#include "platform/modText.hpp"
+
+namespace tarvek {
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Where the parts of a number at the beginning of a text lie.
+struct NumberShape {
+    std::size_t unsignedStart = 0;  // behind the sign
+    std::size_t end = 0;            // behind the last character of the number; 0 where there is none
+    bool negative = false;
+};
+
+NumberShape FindNumber(std::string_view text) {
+    NumberShape shape;
+    std::size_t at = 0;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) shape.negative = text[at++] == '-';
+    shape.unsignedStart = at;
+    const auto skipDigits = [&] {
+        const std::size_t from = at;
+        while (at < text.size() && IsDigit(text[at])) ++at;
+        return at - from;
+    };
+    std::size_t digits = skipDigits();
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        digits += skipDigits();
+    }
+    if (digits == 0) return shape;
+    shape.end = at;
+    if (at < text.size() && (text[at] == 'E' || text[at] == 'e')) {
+        ++at;
+        if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
+        if (skipDigits() > 0) shape.end = at;
+    }
+    return shape;
+}
+
+// True if the number, known to lie outside a double's range, is too small and not too large: the power of ten
+// of its first digit that is not zero tells.
+bool IsTooSmall(std::string_view number) {
+    const std::size_t exponentAt = std::min(number.find_first_of("Ee"), number.size());
+    const std::size_t point = std::min(number.find('.'), exponentAt);
+    const std::size_t firstDigit = number.find_first_of("123456789");
+    const double power = static_cast<double>(point) - static_cast<double>(firstDigit);
+    bool negativeExponent = false;
+    double exponent = 0;
+    for (const char c : number.substr(exponentAt)) {
+        if (c == '-') negativeExponent = true;
+        if (IsDigit(c)) exponent = exponent * 10 + (c - '0');
+    }
+    return power + (negativeExponent ? -exponent : exponent) < 0;
+}
+
+std::optional<double> ValueOf(std::string_view text, const NumberShape& shape) {
+    const std::string_view number = text.substr(shape.unsignedStart, shape.end - shape.unsignedStart);
+    double value = 0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        if (!IsTooSmall(number)) return std::nullopt;
+        value = 0;
+    }
+    return shape.negative ? -value : value;
+}
+
+template <class Integer>
+Integer RoundToInteger(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max()))
+        RaiseFault(Fault::Overflow);
+    return static_cast<Integer>(rounded);
+}
+
+constexpr std::uint64_t PowersOfTen[] = {1,      10,      100,      1000,      10000,
+                                         100000, 1000000, 10000000, 100000000, 1000000000};
+
+void AppendDigits(std::string& out, std::uint64_t whole, std::size_t decimals) {
+    char digits[24];
+    const auto end = std::to_chars(digits, digits + sizeof digits, whole).ptr;
+    const auto count = static_cast<std::size_t>(end - digits);
+    if (count > decimals) {
+        out.append(digits, count - decimals);
+        if (decimals == 0) return;
+        out += '.';
+        out.append(digits + count - decimals, decimals);
+    } else {
+        out += "0.";
+        out.append(decimals - count, '0');
+        out.append(digits, count);
+    }
+}
+
+// The fast road for the numbers of a survey: |value| * 10^decimals is formed exactly in 128 bits and rounded
+// there. False where the value is too large or the decimals too many for that.
+bool AppendFixedExactly(std::string& out, double value, std::size_t decimals) {
+    if (decimals >= std::size(PowersOfTen)) return false;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const int exponent = static_cast<int>(bits >> 52 & 0x7FF) - 1075;
+    if (exponent > -1 || exponent < -1074) return false;  // 2^52 and more, subnormal or not finite
+    const std::uint64_t mantissa = (bits & 0xFFFFFFFFFFFFFull) | 0x10000000000000ull;
+    __extension__ using Wide = unsigned __int128;
+    const Wide scaled = static_cast<Wide>(mantissa) * PowersOfTen[decimals];
+    const int shift = -exponent;
+    std::uint64_t whole = 0;
+    if (shift < 100) {
+        const Wide kept = scaled >> shift;
+        if (kept > 9'999'999'999'999'999'999ull) return false;
+        whole = static_cast<std::uint64_t>(kept);
+        const Wide half = Wide{1} << (shift - 1);
+        const Wide rest = scaled - (kept << shift);
+        if (rest > half || (rest == half && (whole & 1) != 0)) ++whole;
+    }  // else below 2^(53+30-100): rounds to zero
+    if ((bits >> 63) != 0 && whole != 0) out += '-';
+    AppendDigits(out, whole, decimals);
+    return true;
+}
+
+}  // namespace
+
+std::optional<double> ParseNumber(std::string_view text) {
+    text = Trim(text);
+    const NumberShape shape = FindNumber(text);
+    if (shape.end == 0 || shape.end != text.size()) return std::nullopt;
+    return ValueOf(text, shape);
+}
+
+double NumberFromText(std::string_view text) {
+    const std::optional<double> value = ParseNumber(text);
+    if (!value) RaiseFault(Fault::TypeMismatch);
+    return *value;
+}
+
+std::int16_t Integer16FromText(std::string_view text) { return Integer16FromNumber(NumberFromText(text)); }
+std::int32_t Integer32FromText(std::string_view text) { return Integer32FromNumber(NumberFromText(text)); }
+std::int16_t Integer16FromNumber(double value) { return RoundToInteger<std::int16_t>(value); }
+std::int32_t Integer32FromNumber(double value) { return RoundToInteger<std::int32_t>(value); }
+
+float SingleFromNumber(double value) {
+    constexpr double FirstTooLarge = 0x1.FFFFFFp127;  // half a unit above the largest float
+    if (!(std::fabs(value) < FirstTooLarge)) RaiseFault(Fault::Overflow);
+    return static_cast<float>(value);
+}
+
+bool BooleanFromText(std::string_view text) {
+    if (EqualsIgnoringCase(Trim(text), "True")) return true;
+    if (EqualsIgnoringCase(Trim(text), "False")) return false;
+    return NumberFromText(text) != 0;
+}
+
+double LeadingNumber(std::string_view text) {
+    text = TrimLeft(text);
+    const NumberShape shape = FindNumber(text);
+    return shape.end == 0 ? 0 : ValueOf(text, shape).value_or(0);
+}
+
+std::string GeneralText(double value) {
+    RequireFinite(value);
+    if (value == 0) return "0";
+    char scientific[32];
+    const auto result = std::to_chars(scientific, scientific + sizeof scientific, std::fabs(value),
+                                      std::chars_format::scientific, 14);
+    const std::string_view text(scientific, static_cast<std::size_t>(result.ptr - scientific));
+    const std::size_t mark = text.find('e');
+    const int exponent = static_cast<int>(LeadingNumber(text.substr(mark + 1)));
+    std::string digits = text[0] + std::string(text.substr(2, mark - 2));
+    digits.erase(digits.find_last_not_of('0') + 1);
+    const int count = static_cast<int>(digits.size());
+
+    std::string out = value < 0 ? "-" : "";
+    if (exponent >= 15 || count - 1 - exponent > 15) {
+        out += digits[0];
+        if (count > 1) out += '.' + digits.substr(1);
+        const std::string power = std::to_string(std::abs(exponent));
+        return out + (exponent < 0 ? "E-" : "E+") + (power.size() < 2 ? "0" : "") + power;
+    }
+    if (exponent < 0) return out + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+    const auto whole = static_cast<std::size_t>(exponent) + 1;
+    if (digits.size() < whole) digits.append(whole - digits.size(), '0');
+    out += digits.substr(0, whole);
+    if (digits.size() > whole) out += '.' + digits.substr(whole);
+    return out;
+}
+
+void AppendFixed(std::string& out, double value, int decimals) {
+    RequireFinite(value);
+    const auto places = static_cast<std::size_t>(std::max(decimals, 0));
+    if (AppendFixedExactly(out, value, places)) return;
+    const std::size_t start = out.size();
+    out.resize(start + 320 + places);  // 309 digits of the largest double, sign and point
+    const auto end = std::to_chars(out.data() + start, out.data() + out.size(), value,
+                                   std::chars_format::fixed, static_cast<int>(places))
+                         .ptr;
+    out.resize(static_cast<std::size_t>(end - out.data()));
+    const bool isZero = out.find_first_of("123456789", start) == std::string::npos;
+    if (isZero && out[start] == '-') out.erase(start, 1);
+}
+
+std::string FixedText(double value, int decimals) {
+    std::string text;
+    AppendFixed(text, value, decimals);
+    return text;
+}
+
+std::string TwoDigitFixedText(double value, int decimals) {
+    std::string text = FixedText(value, decimals);
+    const std::size_t first = text[0] == '-' ? 1 : 0;
+    const std::size_t point = std::min(text.find('.'), text.size());
+    if (point - first < 2) text.insert(first, "0");
+    if (decimals <= 0) text += '.';
+    return text;
+}
+
+}  // namespace tarvek

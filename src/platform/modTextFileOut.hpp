@@ -1,0 +1,61 @@
+#pragma once
+// The one place where a file is written. The content goes to a file of random name beside the target, which
+// is synced and renamed into place at the end: after a crash, a kill or a full disk the path holds the old
+// bytes or the whole new ones. A link as target is followed; owner and mode of an old file are kept.
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/modText.hpp"
+
+namespace tarvek {
+
+class TextFileOut {
+  public:
+    // Begins a file at `given`, taken as written but for the separator. Raises the fault of the file system.
+    explicit TextFileOut(std::string_view given);
+    // Without Commit the target stays as it was.
+    ~TextFileOut();
+    TextFileOut(const TextFileOut&) = delete;
+    TextFileOut& operator=(const TextFileOut&) = delete;
+
+    // Appends text as it stands; a line gets its CR LF.
+    void Text(std::string_view text) {
+        buffer_ += text;
+        if (buffer_.size() >= FullBuffer) Flush();
+    }
+    void Line(std::string_view line) {
+        buffer_ += line;
+        EndLine();
+    }
+    void Line(std::string_view tag, std::string_view value) {
+        buffer_ += tag;
+        Line(value);
+    }
+    // For text that is built in place: append to Buffer(), then call EndLine().
+    std::string& Buffer() { return buffer_; }
+    void EndLine() { Text(LineEnd); }
+
+    // Puts the content in place of what the path held. Raises the fault of the file system, the target
+    // untouched.
+    void Commit();
+
+  private:
+    static constexpr std::size_t FullBuffer = 256 * 1024;
+
+    void Create();
+    void Flush();
+    void Discard();
+
+    std::string target_;
+    std::string temporary_;  // empty where the target is no regular file and is written directly
+    int file_ = -1;
+    std::string buffer_;
+};
+
+// Writes a file by `print`. A fault of the file system leaves the target as it was; any other fault leaves
+// what was printed before it, since an output file that was begun stays on disk. Either fault is passed on.
+void WriteTextFile(std::string_view path, const std::function<void(TextFileOut&)>& print);
+
+}  // namespace tarvek
