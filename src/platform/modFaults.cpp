@@ -14,9 +14,11 @@ struct FaultText {
 constexpr FaultText FaultTexts[] = {
     {Fault::InvalidCall, "Invalid procedure call or argument"},
     {Fault::Overflow, "Overflow"},
+    {Fault::OutOfMemory, "Out of memory"},
     {Fault::SubscriptOutOfRange, "Subscript out of range"},
     {Fault::DivisionByZero, "Division by zero"},
     {Fault::TypeMismatch, "Type mismatch"},
+    {Fault::Unexpected, "Internal error"},
     {Fault::FileNotFound, "File not found"},
     {Fault::DeviceError, "Device I/O error"},
     {Fault::DiskFull, "Disk full"},
@@ -29,7 +31,7 @@ constexpr FaultText FaultTexts[] = {
 const char* TextOf(Fault fault) {
     for (const FaultText& row : FaultTexts)
         if (row.fault == fault) return row.text;
-    return "Unexpected error";
+    return TextOf(Fault::Unexpected);
 }
 
 Fault FaultOfErrorNumber(int errorNumber) {
@@ -55,6 +57,8 @@ Fault FaultOfErrorNumber(int errorNumber) {
 
 }  // namespace
 
+RuntimeFault::RuntimeFault(Fault number) : RuntimeFault(number, TextOf(number)) {}
+
 bool RuntimeFault::IsFileFault() const {
     return number_ >= Fault::FileNotFound && number_ != Fault::EndOfFilePassed;
 }
@@ -63,7 +67,7 @@ std::string RuntimeFault::Message() const {
     return "Run-time error '" + std::to_string(static_cast<int>(number_)) + "': " + text_;
 }
 
-void RaiseFault(Fault fault) { throw RuntimeFault(fault, TextOf(fault)); }
+void RaiseFault(Fault fault) { throw RuntimeFault(fault); }
 
 void RaiseFileFault(int errorNumber, std::string_view path) {
     const Fault fault = FaultOfErrorNumber(errorNumber);

@@ -13,9 +13,11 @@ namespace tarvek {
 enum class Fault {
     InvalidCall = 5,
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,
+    Unexpected = 51,
     FileNotFound = 53,
     DeviceError = 57,
     DiskFull = 61,
@@ -27,6 +29,7 @@ enum class Fault {
 
 class RuntimeFault : public std::exception {
   public:
+    explicit RuntimeFault(Fault number);
     RuntimeFault(Fault number, std::string text) : number_(number), text_(std::move(text)) {}
 
     Fault Number() const { return number_; }

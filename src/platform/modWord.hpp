@@ -10,14 +10,10 @@ namespace tarvek {
 class Word {
   public:
     Word() : text_(&Empty()) {}
-    Word(std::string_view text);  // NOLINT(google-explicit-constructor): a Word is used like the text it is
+    // The word that says `text`: no allocation where the text has been met before.
+    Word(std::string_view text);                                     // NOLINT(google-explicit-constructor)
     Word(const char* text) : Word(std::string_view(text)) {}         // NOLINT(google-explicit-constructor)
     Word(const std::string& text) : Word(std::string_view(text)) {}  // NOLINT(google-explicit-constructor)
-
-    // Changes to `text`, quickly where the word already says that: the usual case from point to point.
-    void Assign(std::string_view text) {
-        if (*text_ != text) *this = Word(text);
-    }
 
     const std::string& Text() const { return *text_; }
     operator std::string_view() const { return *text_; }  // NOLINT(google-explicit-constructor)

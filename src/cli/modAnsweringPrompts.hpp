@@ -1,0 +1,42 @@
+#pragma once
+// Prompts of the scriptable front end: the console's, answered beforehand where the options say so, with a
+// record of all that was told.
+
+#include <string>
+#include <vector>
+
+#include "platform/modConsolePrompts.hpp"
+
+namespace tarvek {
+
+struct PreparedAnswers {
+    bool yesToAll = false;             // every question is answered Yes or OK
+    std::vector<std::string> answers;  // "CAPTION=BUTTON", or "CAPTION=TEXT" for a text question
+};
+
+struct ToldMessage {
+    Message message;
+    Button answer;
+};
+
+class AnsweringPrompts : public Prompts {
+  public:
+    explicit AnsweringPrompts(PreparedAnswers prepared) : prepared_(std::move(prepared)), inForce_(*this) {}
+    Button Show(const Message& message) override;
+    std::string Ask(const TextQuestion& question) override;
+    void View(const std::string& path, const std::string& label) override { console_.View(path, label); }
+
+    const std::vector<ToldMessage>& Told() const { return told_; }
+
+  private:
+    // The answer prepared for a caption, in any letter case.
+    std::optional<std::string> PreparedFor(const std::string& caption) const;
+    std::optional<Button> PreparedButton(const Message& message) const;
+
+    PreparedAnswers prepared_;
+    ConsolePrompts console_;
+    std::vector<ToldMessage> told_;
+    PromptsInForce inForce_;
+};
+
+}  // namespace tarvek

@@ -1,0 +1,104 @@
+#include "cli/modCommands.hpp"
+
+#include <unistd.h>
+
+#include "cli/modRunReport.hpp"
+#include "cli/modStandardStreams.hpp"
+#include "driver/modTranslate.hpp"
+#include "platform/modPaths.hpp"
+#include "platform/modProgress.hpp"
+#include "platform/modTrap.hpp"
+#include "surveyfiles/modSurveyRecords.hpp"
+#include "texttools/modSearchReplace.hpp"
+
+namespace tarvek {
+namespace {
+
+constexpr int Done = 0;
+constexpr int Failed = 1;
+
+// Draws progress for as long as it lives, where the options or the terminal ask for it.
+class ProgressInForce {
+  public:
+    explicit ProgressInForce(const RunOptions& options) : bar_(stderr) {
+        if (options.progress.value_or(::isatty(STDERR_FILENO) == 1)) SetProgress(&bar_);
+    }
+    ~ProgressInForce() { SetProgress(nullptr); }
+    ProgressInForce(const ProgressInForce&) = delete;
+    ProgressInForce& operator=(const ProgressInForce&) = delete;
+
+  private:
+    ConsoleProgress bar_;
+};
+
+// An output file that exists is replaced only with the user's consent. A missing input is the reader's to
+// tell.
+bool MayWrite(const RunOptions& options, const std::string& input, const std::string& output) {
+    if (options.force || !FileExists(input) || !OutputFileExists(output) || options.output == "-")
+        return true;
+    return AskToOverwrite(output);
+}
+
+// Runs `translate(input, output)` on the files of the options, with "-" standing for the standard streams.
+template <class Translate>
+int RunTranslation(const RunOptions& options, const Translate& translate) {
+    const ProgressInForce progress(options);
+    return RunTrapped([&] {
+        StandardStreams streams;
+        const std::string input = streams.Input(options.input);
+        const std::string output = streams.Output(options.output);
+        if (!MayWrite(options, input, output) || !translate(input, output)) return Failed;
+        streams.Deliver();
+        return Done;
+    });
+}
+
+bool ReadInput(const FileType& type, const std::string& path, FileReport& report) {
+    ClearInputTables();
+    if (!type.read(path)) return false;
+    const SurveyTables& tables = Tables();
+    report.points = tables.InputPoints.size();
+    report.chains = tables.InputChains.size();
+    report.system = tables.InputHeader.System;
+    return true;
+}
+
+bool WriteOutput(const FileType& type, const std::string& path, FileReport& report) {
+    const SurveyTables& tables = Tables();
+    report.system = tables.OutputHeader.System;  // as it was before a writer shortens its units
+    if (!type.write(path)) return false;
+    report.points = tables.OutputPoints.size();
+    report.chains = tables.OutputChains.size();
+    return true;
+}
+
+}  // namespace
+
+int RunConvertCommand(const ConvertOptions& options) {
+    const AnsweringPrompts prompts(options.answers);
+    RunReport report;
+    report.input.file = options.input;
+    report.input.format = options.from->key;
+    report.output.file = options.output;
+    report.output.format = options.to->key;
+    const int status = RunTranslation(options, [&](const std::string& input, const std::string& output) {
+        if (!ReadInput(*options.from, input, report.input)) return false;
+        CopyInputToOutput();
+        return WriteOutput(*options.to, output, report.output);
+    });
+    if (options.report.empty()) return status;
+    report.done = status == Done;
+    return RunTrapped([&] {
+        WriteRunReport(options.report, report, prompts.Told());
+        return status;
+    });
+}
+
+int RunReplaceCommand(const ReplaceOptions& options) {
+    const AnsweringPrompts prompts(options.answers);
+    return RunTranslation(options, [&](const std::string& input, const std::string& output) {
+        return RunSearchReplace(input, output, options.trnFile);
+    });
+}
+
+}  // namespace tarvek
