@@ -8,6 +8,8 @@
 namespace tarvek {
 namespace {
 
+constexpr double EndOfYear9999 = 253402300799;  // beyond it a date has no form
+
 std::string Padded(int value, std::size_t width) {
     const std::string digits = std::to_string(value);
     return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
@@ -19,7 +21,7 @@ DateTime Now() {
     std::tm parts{};
     const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
     const auto seconds = fixed ? ParseNumber(fixed) : std::nullopt;
-    if (seconds) {
+    if (seconds && *seconds >= 0 && *seconds <= EndOfYear9999) {
         const auto when = static_cast<std::time_t>(*seconds);
         gmtime_r(&when, &parts);
     } else {

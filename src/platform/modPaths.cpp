@@ -23,7 +23,8 @@ std::string FindNameIgnoringCase(const std::string& folder, std::string_view nam
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
          entry.increment(error)) {
         const std::string found = entry->path().filename().string();
-        if (EqualsIgnoringCase(found, name) && (best.empty() || found < best)) best = found;
+        const bool isBetter = best.empty() || found < best;
+        if (isBetter && EqualsIgnoringCase(found, name) && Exists(entry->path().string())) best = found;
     }
     return best;
 }
@@ -90,7 +91,10 @@ std::string ResolveLinks(const std::string& path) {
     for (int hops = 0; hops < 40 && fs::is_symlink(target, error); ++hops) {
         const std::string next = fs::read_symlink(target, error).string();
         if (error) break;
-        target = JoinPath(FolderOf(target), next);
+        const std::string followed = JoinPath(FolderOf(target), next);
+        // What stands behind a link in /proc (a pipe as standard output) may have no path of its own.
+        if (!Exists(followed) && !fs::is_symlink(followed, error) && Exists(target)) break;
+        target = followed;
     }
     return target;
 }

@@ -12,23 +12,28 @@ constexpr auto DrawingInterval = std::chrono::milliseconds(100);
 constexpr std::size_t BarWidth = 30;
 
 Progress* InForce = nullptr;
+// The piece of work that is told; what it opens and reads meanwhile is a part of it and stays silent.
+const ProgressTask* Told = nullptr;
 
 }  // namespace
 
 void SetProgress(Progress* progress) { InForce = progress; }
 
 ProgressTask::~ProgressTask() {
-    if (begun_ && InForce) InForce->End();
+    if (Told != this) return;
+    Told = nullptr;
+    if (InForce) InForce->End();
 }
 
 void ProgressTask::Begin(const std::string& task, std::uint64_t total) {
     total_ = total;
-    begun_ = true;
+    if (Told != nullptr) return;
+    Told = this;
     if (InForce) InForce->Begin(task);
 }
 
 void ProgressTask::At(std::uint64_t done) {
-    if (InForce) InForce->At(done, total_);
+    if (InForce && Told == this) InForce->At(done, total_);
 }
 
 void ConsoleProgress::Begin(const std::string& task) {

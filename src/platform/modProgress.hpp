@@ -21,7 +21,7 @@ class Progress {
 // Puts `progress` in force; nullptr shows nothing.
 void SetProgress(Progress* progress);
 
-// One piece of work, from Begin to the end of its life.
+// One piece of work, from Begin to the end of its life. One that begins within another is not told.
 class ProgressTask {
   public:
     ProgressTask() = default;
@@ -34,7 +34,6 @@ class ProgressTask {
 
   private:
     std::uint64_t total_ = 0;
-    bool begun_ = false;
 };
 
 // A bar on a terminal, drawn only for work that lasts longer than half a second and cleared at its end.

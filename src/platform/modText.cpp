@@ -17,7 +17,11 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
 }
 
 void AppendLine(std::string& member, std::string_view line) {
-    if (!member.empty()) member += LineEnd;
+    if (member.empty()) {
+        member = std::string(line);  // takes no more room than the line needs: most members have one line only
+        return;
+    }
+    member += LineEnd;
     member += line;
 }
 
@@ -29,6 +33,7 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+    if (from.empty()) return std::string(text);
     std::string result;
     std::size_t start = 0;
     for (std::size_t at; (at = text.find(from, start)) != std::string_view::npos; start = at + from.size()) {

@@ -47,7 +47,7 @@ void AppendLine(std::string& member, std::string_view line);
 // ASCII letters compare equal in both cases.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 
-// A copy of `text` with every `from` replaced by `to`.
+// A copy of `text` with every `from` replaced by `to`; an empty `from` replaces nothing.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
 
 // `text` in a mask of "@" signs: right-aligned in the mask's width, left-aligned after a leading "!"; a

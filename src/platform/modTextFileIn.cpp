@@ -91,14 +91,16 @@ void TextFileIn::Refill() {
     if (kept > 0) std::memmove(window_.data(), at_, kept);
     if (kept + Padding == window_.size()) window_.resize(2 * kept + Padding);
     at_ = window_.data();
-    ssize_t count = 0;
-    do {
-        count = ::read(file_, at_ + kept, window_.size() - Padding - kept);
-    } while (count < 0 && errno == EINTR);
-    if (count < 0) RaiseFileFault(errno, path_);
-    atEnd_ = count == 0;
-    bytesRead_ += static_cast<std::uint64_t>(count);
-    end_ = at_ + kept + count;
+    end_ = at_ + kept;
+    char* const full = window_.data() + window_.size() - Padding;
+    while (end_ < full && !atEnd_) {  // a pipe gives less than it is asked for
+        const ssize_t count = ::read(file_, end_, static_cast<std::size_t>(full - end_));
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) RaiseFileFault(errno, path_);
+        atEnd_ = count == 0;
+        bytesRead_ += static_cast<std::uint64_t>(count);
+        end_ += count;
+    }
     *end_ = '\n';
     progress_.At(bytesRead_);
 }

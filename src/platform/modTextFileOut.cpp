@@ -61,16 +61,18 @@ void TextFileOut::Create() {
     const FileCalls& calls = CurrentFileCalls();
     struct stat old {};
     const bool exists = ::stat(target_.c_str(), &old) == 0;
+    if (!exists && errno != ENOENT) RaiseFileFault(errno, target_);  // links in a circle, a locked folder
     if (exists && S_ISDIR(old.st_mode)) RaiseFileFault(EISDIR, target_);
     if (exists && !S_ISREG(old.st_mode)) {  // a device or pipe has nothing to keep
         file_ = calls.open(target_.c_str(), O_WRONLY | O_CLOEXEC, 0);
     } else {
         // A file that its owner has locked against writing is not replaced behind his back.
         if (exists && ::access(target_.c_str(), W_OK) != 0) RaiseFileFault(errno, target_);
+        constexpr int Fresh = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+        const mode_t mode = exists ? 0600 : 0666;  // until it has the old one's, nobody else may look in
         do {
             temporary_ = JoinPath(FolderOf(target_), RandomName());
-            file_ =
-                calls.open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+            file_ = calls.open(temporary_.c_str(), Fresh, mode);
         } while (file_ < 0 && errno == EEXIST);
     }
     if (file_ < 0) {

@@ -1,0 +1,175 @@
+#!/usr/bin/env python3
+"""Speed and memory of the programs, as ratios against peers in the same run.
+
+    bench/bench.py [--rounds 5] [--points 10000 100000 1000000] [--json FILE]
+
+Makes its own control files (points of ten lines) in a memory file system, runs every command in turn, round after
+round, and prints medians: user CPU time against `sed` with one tag rule over the same file, the peak memory per point
+above that of a one-point run, and the wall time of a one-point run against a one-point `cs2cs` (package proj-bin).
+Wall times swing on shared machines; user CPU time does not.
+"""
+import argparse
+import json
+import os
+import random
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+BIN = ROOT / "build" / "bin"
+MEMORY = Path("/dev/shm")
+
+# Ratios that are aimed at, and those that must not be passed.
+BARS = {
+    "convert / sed": (1.0, 1.3),
+    "replace 10 rules / sed": (0.75, 1.0),
+    "replace 100 rules / 10 rules": (None, 1.5),
+    "convert bytes a point": (300, 400),
+    "replace bytes a point": (300, 400),
+    "convert cost a point, 1,000,000 / 100,000": (None, 1.25),
+    "one-point -t / cs2cs (wall)": (0.5, 1.0),
+}
+
+TEN_RULES = ["FE:OAK FE:TREE", "CL:OLD CL:NEW", "CM:SEEN", "GR:7 GR:8", "XC:+100", "YC:+200.5",
+             "ZC:-1.25", "PD:FOUND PD:SET", "PN:9 PN:8", "FE:EP FE:EDGE"]
+
+
+def control_file(path, points):
+    draw = random.Random(points)
+    features = ["OAK", "EP", "CL", "BLDG", "MH", "FH", "PP", "IP"]
+    with open(path, "w", newline="") as file:
+        file.write("PR:BENCH\r\nAC:PR\r\nCS:SPC83\r\nZN:2600\r\nHD:NAD 83\r\nVD:NAVD 88\r\nUL:M\r\n")
+        for number in range(1, points + 1):
+            file.write(
+                f"AC:OS\r\nPN:{number}\r\nYC:{draw.uniform(1e5, 9e5):.4f}\r\nXC:{draw.uniform(1e5, 9e5):.4f}\r\n"
+                f"ZC:{draw.uniform(0, 2e3):.4f}\r\nPD:FOUND IRON PIN\r\nFE:{draw.choice(features)}\r\n"
+                f"GR:{number % 9}\r\nCL:OLD\r\nCM:SEEN\r\n")
+
+
+def rules_file(path, rules):
+    path.write_text("".join(rule + "\r\n" for rule in rules), newline="")
+
+
+def other_rules(count):
+    tags = [a + b for a in "JQUK" for b in "ABCDEFGHIJKLMNOPQRSTUVWXYZ"]
+    return [f"{tag}:OLD {tag}:NEW" for tag in tags[:count]]
+
+
+def run(command, **options):
+    """User CPU seconds, wall seconds and peak memory (bytes) of one run."""
+    start = time.perf_counter()
+    process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                               stdout=options.get("stdout", subprocess.DEVNULL), env=options.get("env"))
+    _, status, usage = os.wait4(process.pid, 0)
+    wall = time.perf_counter() - start
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode != 0:
+        sys.exit(f"failed: {' '.join(map(str, command))}")
+    return usage.ru_utime, wall, usage.ru_maxrss * 1024
+
+
+class Bench:
+    def __init__(self, folder, sizes):
+        self.folder = folder
+        self.sizes = sizes
+        self.results = {}
+        self.env = dict(os.environ, TARVEK_HOME=str(folder / "home"), XDG_RUNTIME_DIR=str(folder))
+        definitions = folder / "home" / "KTIFiles"
+        definitions.mkdir(parents=True)
+        label = "Tarvek Control Files (*.CTL)"
+        (definitions / "convert.kti").write_text(f"ConvertFile\r\nConvert\r\n{label}\r\n{label}\r\n", newline="")
+        (definitions / "replace.kti").write_text(f"Replace\r\nReplace\r\n{label}\r\n{label}\r\n", newline="")
+        rules_file(folder / "ten.trn", TEN_RULES)
+        rules_file(folder / "hundred.trn", other_rules(100))
+        rules_file(folder / "ten_others.trn", other_rules(10))
+        for size in [1, *sizes]:
+            control_file(folder / f"{size}.ctl", size)
+
+    def translate(self, kind, size, rules=None):
+        output = self.folder / "out.ctl"
+        output.unlink(missing_ok=True)
+        fields = ["-t", kind, str(self.folder / f"{size}.ctl"), str(output)]
+        if rules:
+            fields.append(str(self.folder / rules))
+        return run([BIN / "tarvek-translator", "|".join(fields)], env=self.env)
+
+    def sed(self, size):
+        with open(self.folder / "sed.out", "wb") as output:
+            return run(["sed", "s/^FE:OAK/FE:TREE/", self.folder / f"{size}.ctl"], stdout=output)
+
+    def cs2cs(self):
+        points = self.folder / "cs2cs.in"
+        points.write_text("41 -96\n")
+        return run(["cs2cs", "EPSG:4269", "EPSG:26914", points])
+
+    def measure(self, name, figures):
+        self.results.setdefault(name, []).append(figures)
+
+    def round(self):
+        for size in self.sizes:
+            self.measure(f"sed {size}", self.sed(size))
+            self.measure(f"convert {size}", self.translate("convert", size))
+            self.measure(f"replace 10 {size}", self.translate("replace", size, "ten.trn"))
+            self.measure(f"replace 10 others {size}", self.translate("replace", size, "ten_others.trn"))
+            self.measure(f"replace 100 others {size}", self.translate("replace", size, "hundred.trn"))
+        for _ in range(5):
+            self.measure("convert 1", self.translate("convert", 1))
+            self.measure("replace 10 1", self.translate("replace", 1, "ten.trn"))
+            if shutil.which("cs2cs"):
+                self.measure("cs2cs", self.cs2cs())
+
+    def median(self, name, column):
+        return statistics.median(figures[column] for figures in self.results[name])
+
+    def ratios(self):
+        rows = {}
+        for size in self.sizes:
+            user = lambda name: self.median(f"{name} {size}", 0)
+            rows[f"convert / sed, {size:,}"] = user("convert") / user("sed")
+            rows[f"replace 10 rules / sed, {size:,}"] = user("replace 10") / user("sed")
+            rows[f"replace 100 rules / 10 rules, {size:,}"] = user("replace 100 others") / user("replace 10 others")
+        largest = self.sizes[-1]
+        for kind, name in (("convert", "convert"), ("replace", "replace 10")):
+            above = self.median(f"{name} {largest}", 2) - self.median(f"{name} 1", 2)
+            rows[f"{kind} bytes a point, {largest:,}"] = above / largest
+        if len(self.sizes) > 1:
+            before = self.sizes[-2]
+            growth = self.median(f"convert {largest}", 0) / largest / (self.median(f"convert {before}", 0) / before)
+            rows[f"convert cost a point, {largest:,} / {before:,}"] = growth
+        if "cs2cs" in self.results:
+            rows["one-point -t / cs2cs (wall)"] = self.median("convert 1", 1) / self.median("cs2cs", 1)
+        return rows
+
+
+def bar_of(row):
+    return next((bars for name, bars in BARS.items() if row == name or row.startswith(name + ", ")), (None, None))
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--rounds", type=int, default=5)
+    parser.add_argument("--points", type=int, nargs="+", default=[10_000, 100_000, 1_000_000])
+    parser.add_argument("--json", type=Path, help="write every figure to this file")
+    arguments = parser.parse_args()
+    folder = Path(tempfile.mkdtemp(prefix="tarvek-bench-", dir=MEMORY if MEMORY.is_dir() else None))
+    try:
+        bench = Bench(folder, sorted(arguments.points))
+        for _ in range(arguments.rounds):
+            bench.round()
+    finally:
+        shutil.rmtree(folder)
+    print(f"{'ratio':56} {'figure':>8} {'aim':>6} {'limit':>6}")
+    for row, figure in bench.ratios().items():
+        aim, limit = bar_of(row)
+        print(f"{row:56} {figure:8.2f} {aim or '':>6} {limit or '':>6}")
+    if arguments.json:
+        arguments.json.write_text(json.dumps(bench.results, indent=1))
+
+
+if __name__ == "__main__":
+    main()

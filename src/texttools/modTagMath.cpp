@@ -1,0 +1,205 @@
+#include "texttools/modTagMath.hpp"
+
+#include <cmath>
+
+#include "coordmath/modAngles.hpp"
+#include "platform/modFaults.hpp"
+#include "platform/modNumbers.hpp"
+#include "platform/modPrompts.hpp"
+#include "platform/modText.hpp"
+#include "surveyfiles/modSurveyRecords.hpp"
+
+namespace tarvek {
+namespace {
+
+struct TagClass {
+    std::string_view mathType;
+    std::string_view tags;  // two characters each, parted by blanks
+};
+
+constexpr TagClass TagClasses[] = {
+    {"Bearing", "BR"},
+    {"PointID", "BS OS PN RN FG OD"},
+    {"Angle", "AZ CA DA DC HZ LG LT VT"},
+    {"Seconds", "CE EH EV VE"},
+    {"Math",
+     "AA AR BP CF DD DH DI DP DS DV DX DY DZ E1 E2 ED EF EX FM HE HG HH HO HT IH L1 L2 LC LN LO MO NS OF OO "
+     "PC PM PO R1 R2 R3 RA RO RR S1 S2 S3 SE SF SH SS SX SY SZ TE TL TN VH VO VV W3 WD XC XE XX YC YE YY ZC "
+     "ZE ZZ"},
+};
+
+// The circle at 15 significant digits; not to be computed from pi.
+constexpr double Pi = 3.14159265358979;
+constexpr double TwoPi = 6.28318530717958;
+constexpr double ThreeHalvesPi = 4.712388980384685;
+constexpr double HalfPi = 1.570796326794895;
+
+constexpr std::size_t LongestPointName = 8;
+
+double Combined(double value, std::string_view mathOperator, double operand) {
+    if (mathOperator == "+") return RequireFinite(value + operand);
+    if (mathOperator == "-") return RequireFinite(value - operand);
+    if (mathOperator == "*") return RequireFinite(value * operand);
+    if (operand == 0) RaiseFault(Fault::DivisionByZero);
+    return RequireFinite(value / operand);
+}
+
+// While the angle is greater than a full circle, a full circle is taken off. Between two powers of two every
+// such subtraction is rounded alike and takes off the same amount, so the steps down to the lower power are
+// made at once. An angle so large that nothing comes off would have no end.
+double LessFullCircles(double radians) {
+    constexpr double FirstForMany = 64;
+    while (radians > TwoPi) {
+        const double less = radians - TwoPi;
+        const double step = radians - less;
+        if (step == 0) RaiseFault(Fault::Overflow);
+        radians = less;
+        if (less < FirstForMany) continue;
+        const double lowerPower = std::exp2(std::ilogb(less));
+        const double steps = std::floor((less - lowerPower) / step) - 1;
+        if (steps > 0) radians = less - steps * step;
+    }
+    return radians;
+}
+
+std::string NumberMath(std::string_view value, double operand, std::string_view mathOperator) {
+    return GeneralText(Combined(NumberFromText(value), mathOperator, operand));
+}
+
+std::string SecondsMath(std::string_view value, double operand, std::string_view mathOperator) {
+    const double valueRadians = NumberFromText(value) / 3600 * RadiansPerDegree;
+    const double operandRadians = operand / 3600 * RadiansPerDegree;
+    return FixedText(Combined(valueRadians, mathOperator, operandRadians) * DegreesPerRadian * 3600, 3);
+}
+
+std::string AngleMath(std::string_view value, double operand, std::string_view mathOperator) {
+    const double valueRadians = Angles_GET_RadFromDMSPacked(value);
+    const double operandRadians = Angles_GET_RadFromDMSPacked(GeneralText(operand));
+    if (!HasValue(valueRadians) || !HasValue(operandRadians)) return NoValueText;
+    const double result = Combined(valueRadians, mathOperator, operandRadians);
+    return Angles_GET_TextDMSPacked(LessFullCircles(result), 0);
+}
+
+double Same(double radians) { return radians; }
+double FromPi(double radians) { return Pi - radians; }
+double FromTwoPi(double radians) { return TwoPi - radians; }
+double PlusPi(double radians) { return radians + Pi; }
+double MinusPi(double radians) { return radians - Pi; }
+
+struct Quadrant {
+    char first;
+    char second;
+    double above;  // the azimuths of the quadrant lie strictly between these two
+    double below;
+    double (*azimuthOf)(double bearing);
+    double (*bearingOf)(double azimuth);
+};
+
+constexpr Quadrant Quadrants[] = {
+    {'N', 'W', ThreeHalvesPi, TwoPi, FromTwoPi, FromTwoPi},
+    {'S', 'W', Pi, ThreeHalvesPi, PlusPi, MinusPi},
+    {'S', 'E', HalfPi, Pi, FromPi, FromPi},
+    {'N', 'E', -HUGE_VAL, HalfPi, Same, Same},
+};
+
+// The azimuth of a bearing; letters of no quadrant are taken for N and E.
+double AzimuthOf(char first, char second, double bearing) {
+    for (const Quadrant& quadrant : Quadrants)
+        if (quadrant.first == first && quadrant.second == second) return quadrant.azimuthOf(bearing);
+    return bearing;
+}
+
+std::string BearingText(char first, char second, double bearing) {
+    return first + Angles_GET_TextDMSPacked(bearing, 0) + second;
+}
+
+// An azimuth on one of the four cardinal directions lies in no quadrant: it keeps the letters of the value,
+// and the azimuth itself stands between them.
+std::string BearingMath(std::string_view value, double operand, std::string_view mathOperator) {
+    const char first = value.front();
+    const char second = value.back();
+    const double bearing =
+        Angles_GET_RadFromDMSPacked(value.substr(1, value.size() > 1 ? value.size() - 2 : 0));
+    const double operandRadians = Angles_GET_RadFromDMSPacked(GeneralText(operand));
+    if (!HasValue(bearing) || !HasValue(operandRadians)) return NoValueText;
+    const double azimuth =
+        LessFullCircles(Combined(AzimuthOf(first, second, bearing), mathOperator, operandRadians));
+    for (const Quadrant& quadrant : Quadrants)
+        if (quadrant.above < azimuth && azimuth < quadrant.below)
+            return BearingText(quadrant.first, quadrant.second, quadrant.bearingOf(azimuth));
+    return BearingText(first, second, azimuth);
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Where a text of digits, a point, digits, a sign and blanks, read from the end, has its beginning.
+std::size_t NumericTailShape(std::string_view name) {
+    std::size_t start = name.size();
+    const auto skipDigits = [&] {
+        while (start > 0 && IsDigit(name[start - 1])) --start;
+    };
+    skipDigits();
+    if (start == name.size()) return start;
+    if (start > 0 && name[start - 1] == '.') --start;
+    skipDigits();
+    if (start > 0 && (name[start - 1] == '+' || name[start - 1] == '-')) --start;
+    while (start > 0 && name[start - 1] == ' ') --start;
+    return start;
+}
+
+// Where the longest run of last characters begins that is numeric, as every shorter run is. An exponent never
+// gets into it: in "1E5" the run ends before "E5", which is no number.
+std::size_t NumericTailStart(std::string_view name) {
+    std::size_t start = NumericTailShape(name);
+    if (start == name.size() || IsNumericText(name.substr(start))) return start;
+    // Hundreds of digits, too large a number: each digit less makes it smaller, down to the last one.
+    std::size_t numeric = name.size() - 1;
+    while (start + 1 < numeric) {
+        const std::size_t middle = start + (numeric - start) / 2;
+        (IsNumericText(name.substr(middle)) ? numeric : start) = middle;
+    }
+    return numeric;
+}
+
+std::string PointNameMath(std::string_view value, double operand, std::string_view mathOperator) {
+    const std::size_t tail = NumericTailStart(value);
+    if (tail == value.size()) return std::string(value);
+    const double number = Integer32FromText(value.substr(tail));
+    const double result = Combined(number, mathOperator, operand);
+    std::string name(value.substr(0, tail));
+    name += std::to_string(Integer32FromNumber(result));
+    if (name.size() <= LongestPointName) return name;
+    TellFault("Point ID Assignment Error.", "Invalid Point ID");
+    return std::string(value);
+}
+
+struct ClassMath {
+    std::string_view mathType;
+    std::string (*apply)(std::string_view value, double operand, std::string_view mathOperator);
+};
+
+constexpr ClassMath ClassMaths[] = {
+    {"Math", NumberMath},     {"Seconds", SecondsMath},   {"Angle", AngleMath},
+    {"Bearing", BearingMath}, {"PointID", PointNameMath},
+};
+
+}  // namespace
+
+std::string_view ClassifyMathTag(std::string_view tag) {
+    const std::string_view firstTwo = tag.substr(0, 2);
+    if (firstTwo.size() < 2) return {};
+    for (const TagClass& row : TagClasses)
+        for (std::size_t at = 0; at < row.tags.size(); at += 3)
+            if (row.tags.substr(at, 2) == firstTwo) return row.mathType;
+    return {};
+}
+
+std::string ApplyTagMath(std::string_view value, double mathValue, std::string_view mathOperator,
+                         std::string_view mathType) {
+    if (value.empty() || value == NoValueText) return std::string(value);
+    for (const ClassMath& row : ClassMaths)
+        if (row.mathType == mathType) return row.apply(value, mathValue, mathOperator);
+    return std::string(value);
+}
+
+}  // namespace tarvek
