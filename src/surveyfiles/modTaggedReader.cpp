@@ -14,11 +14,11 @@ namespace {
 
 constexpr std::size_t LongestPointName = 8;
 
-bool RefuseField(const TaggedReading& reading, std::string_view reason) {
+bool RefuseField(const TaggedReading& reading, std::string_view reason, std::string_view caption = {}) {
     const std::string name(reading.family.fieldFaultName);
     TellFault(name + ": '" + reading.path + "'\nError on Line: " + std::to_string(reading.lineNumber) + "\n" +
                   std::string(reason),
-              name);
+              caption.empty() ? name : std::string(caption));
     return false;
 }
 
@@ -33,7 +33,7 @@ bool RefuseLine(const TaggedReading& reading, std::string_view reason) {
 // The value of the line as a number, or nothing after the rule's refusal was told.
 std::optional<double> NumberOrRefusal(const TaggedReading& reading, const TagRule& rule) {
     const std::optional<double> value = ParseNumber(reading.Value());
-    if (!value) RefuseField(reading, rule.refusal);
+    if (!value) RefuseField(reading, rule.refusal, rule.refusalCaption);
     return value;
 }
 
@@ -49,12 +49,33 @@ bool StoreProject(TaggedReading& reading, const TagRule&) {
     return true;
 }
 
+void OpenChain(TaggedReading& reading) {
+    if (reading.chainOpen) reading.chains.Append(reading.chain);
+    ChainRecord& chain = reading.chain;
+    for (std::string ChainRecord::*text : {&ChainRecord::FE, &ChainRecord::CD, &ChainRecord::FG,
+                                           &ChainRecord::PL, &ChainRecord::CH, &ChainRecord::Others})
+        (chain.*text).clear();
+    if (reading.family.startsChainsPending) {
+        chain.Station.clear();
+        chain.Pending = true;
+    }
+    reading.chainOpen = true;
+}
+
+// "PR" opens the header and "CH" a chain, beside which the pending point stays open; any other activity
+// closes the pending point, unless it is the first one behind the header.
 bool ChangeActivity(TaggedReading& reading, const TagRule&) {
-    if (reading.Value().substr(0, 2) == "PR") {
+    const std::string_view activity = reading.Value().substr(0, 2);
+    if (activity == "PR") {
         reading.inHeader = true;
         return true;
     }
-    if (!reading.inHeader) ClosePoint(reading);
+    if (activity == "CH" && reading.family.hasChains) {
+        OpenChain(reading);
+    } else if (!reading.inHeader) {
+        if (reading.family.keepsActivity) reading.pending.AC = Word(reading.Value());
+        ClosePoint(reading);
+    }
     reading.inHeader = false;
     return true;
 }
@@ -121,12 +142,64 @@ bool StoreUnits(TaggedReading& reading, const TagRule&) {
 }
 
 bool KeepLine(TaggedReading& reading) {
-    AppendLine(reading.inHeader ? reading.header.HeaderLines : reading.pending.Others, reading.line);
+    std::string& record = reading.chainOpen ? reading.chain.Others : reading.pending.Others;
+    AppendLine(reading.inHeader ? reading.header.HeaderLines : record, reading.line);
     return true;
 }
 
+bool StoreHeightSingly(TaggedReading& reading, const TagRule& rule) {
+    const std::optional<double> value = NumberOrRefusal(reading, rule);
+    if (value) reading.pending.*rule.number = static_cast<double>(SingleFromNumber(*value));
+    return value.has_value();
+}
+
+bool StoreFeature(TaggedReading& reading, const TagRule& rule) {
+    if (!reading.chainOpen) return StoreWord(reading, rule);
+    reading.chain.FE = reading.Value();
+    return true;
+}
+
+bool StoreChainText(TaggedReading& reading, const TagRule& rule) {
+    reading.chain.*rule.chain = reading.Value();
+    return true;
+}
+
+bool AddChainValue(TaggedReading& reading, const TagRule& rule) {
+    AppendLine(reading.chain.*rule.chain, reading.Value());
+    return true;
+}
+
+bool AddChainLine(TaggedReading& reading, const TagRule& rule) {
+    AppendLine(reading.chain.*rule.chain, reading.line);
+    return true;
+}
+
+bool CloseChain(TaggedReading& reading, const TagRule&) {
+    reading.chains.Append(reading.chain);
+    reading.chainOpen = false;
+    return true;
+}
+
+bool PassOver(TaggedReading&, const TagRule&) { return true; }
+
 using P = PointRecord;
 using S = CoordSystemRef;
+using C = ChainRecord;
+
+constexpr std::string_view EllipsoidHeightFault = "Ellipsoid Height must be numeric.";
+
+const TagRule RulesOfChains[] = {
+    {.tag = "CP:", .act = PassOver},
+    {.tag = "BG:", .act = PassOver},
+    {.tag = "EG:", .act = CloseChain},
+    {.tag = "FE:", .act = StoreFeature, .word = &P::FE},
+    {.tag = "CD:", .act = AddChainValue, .chain = &C::CD},
+    {.tag = "FG:", .act = StoreChainText, .chain = &C::FG},
+    {.tag = "PL:", .act = AddChainLine, .chain = &C::PL},
+    {.tag = "CH:", .act = AddChainLine, .chain = &C::CH},
+    // Only some 7 digits of an ellipsoid height survive in these families.
+    {.tag = "HE:", .act = StoreHeightSingly, .number = &P::HE, .refusal = EllipsoidHeightFault},
+};
 
 const TagRule CommonRules[] = {
     {.tag = "PR:", .act = StoreProject},
@@ -146,7 +219,7 @@ const TagRule CommonRules[] = {
      .refusal = "Elevation Error Estimate must be numeric."},
     {.tag = "LT:", .act = StoreAngle, .number = &P::LT, .refusal = "Latitude must be numeric."},
     {.tag = "LG:", .act = StoreAngle, .number = &P::LG, .refusal = "Longitude must be numeric."},
-    {.tag = "HE:", .act = StoreNumber, .number = &P::HE, .refusal = "Ellipsoid Height must be numeric."},
+    {.tag = "HE:", .act = StoreNumber, .number = &P::HE, .refusal = EllipsoidHeightFault},
     {.tag = "HG:", .act = StoreNumber, .number = &P::HG, .refusal = "Geoid Height must be numeric."},
     {.tag = "CA:", .act = StoreAngle, .number = &P::CA, .refusal = "Convergance Angle must be numeric."},
     {.tag = "SF:", .act = StoreNumber, .number = &P::SF, .refusal = "Scale Factor must be numeric."},
@@ -177,8 +250,9 @@ void FillInputTables(TaggedReading& reading) {
 
 }  // namespace
 
-TagTable::TagTable(std::span<const TagRule> familyRules) {
-    for (const TagRule& rule : familyRules) Add(rule);
+TagTable::TagTable(std::initializer_list<std::span<const TagRule>> familyRules) {
+    for (const std::span<const TagRule> rules : familyRules)
+        for (const TagRule& rule : rules) Add(rule);
     for (const TagRule& rule : CommonRules) Add(rule);
 }
 
@@ -186,7 +260,6 @@ std::size_t TagTable::FirstSlot(std::string_view tag) {
     return (static_cast<unsigned char>(tag[0]) * 5U + static_cast<unsigned char>(tag[1])) % Slots;
 }
 
-// A rule of a family comes first and keeps the shared one of the same tag out.
 void TagTable::Add(const TagRule& rule) {
     std::size_t slot = FirstSlot(rule.tag);
     while (!rules_[slot].tag.empty() && rules_[slot].tag != rule.tag) slot = (slot + 1) % Slots;
@@ -213,10 +286,13 @@ bool ReadTaggedFile(const std::string& path, const FileFamily& family) {
         reading.line = TrimRight(line);
         if (!ReadLine(reading)) return false;
     }
+    if (reading.chainOpen) reading.chains.Append(reading.chain);
     ClosePoint(reading);
     FillInputTables(reading);
     return true;
 }
+
+std::span<const TagRule> ChainRules() { return RulesOfChains; }
 
 bool StoreCoordinate(TaggedReading& reading, const TagRule& rule) {
     if (!StoreNumber(reading, rule)) return false;

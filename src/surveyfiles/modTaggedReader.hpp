@@ -3,6 +3,7 @@
 // file family differs from another only in the table of its tags and in the words of its refusals.
 
 #include <array>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,6 +26,8 @@ struct TaggedReading {
     Word verticalUnits{};
     PointRecord pending{};  // the point whose lines are being read
     PointList points{};
+    ChainRecord chain{};  // the chain whose lines are being read
+    bool chainOpen = false;
     ChainList chains{};
 
     std::string_view Value() const { return line.substr(3); }
@@ -39,16 +42,18 @@ struct TagRule {
     float PointRecord::*single = nullptr;
     Word PointRecord::*word = nullptr;
     std::string CoordSystemRef::*system = nullptr;
+    std::string ChainRecord::*chain = nullptr;
     bool PointRecord::*control = nullptr;  // becomes `isControl` together with a coordinate
     bool isControl = false;
-    std::string_view refusal = {};  // the reason told for a value that is not numeric
+    std::string_view refusal = {};         // the reason told for a value that is not numeric
+    std::string_view refusalCaption = {};  // its caption where that is not the family's
 };
 
 // Rules, found by the tag of a line.
 class TagTable {
   public:
-    // The rules that all families share, and those of one family.
-    explicit TagTable(std::span<const TagRule> familyRules);
+    // The rules of one family and those that all families share; the first rule of a tag counts.
+    TagTable(std::initializer_list<std::span<const TagRule>> familyRules);
     const TagRule* Find(std::string_view line) const;
 
   private:
@@ -65,6 +70,9 @@ struct FileFamily {
     std::string_view blankLineText;        // last line of the message for a blank line
     std::string_view wrongCoordinateText;  // last line of the message for a coordinate of the wrong kind
     std::string_view fieldFaultName;       // caption and beginning of the text for a field fault
+    bool hasChains = false;                // "AC:CH" opens a chain
+    bool startsChainsPending = false;      // such a chain is marked for the SRV writer, with no station
+    bool keepsActivity = false;            // a closed point gets the activity of the line that closes it
 };
 
 // Reads a file of a family into the input tables; true if it was read to its end. False after a message: no
@@ -75,5 +83,8 @@ bool ReadTaggedFile(const std::string& path, const FileFamily& family);
 // Actions for the rules of a family.
 bool StoreCoordinate(TaggedReading& reading, const TagRule& rule);
 bool RefuseCoordinate(TaggedReading& reading, const TagRule& rule);
+
+// The rules of the families that have chains: the lines of a chain, and heights of single precision.
+std::span<const TagRule> ChainRules();
 
 }  // namespace tarvek

@@ -6,6 +6,7 @@
 #include "platform/modNumbers.hpp"
 #include "platform/modProgress.hpp"
 #include "platform/modPrompts.hpp"
+#include "surveyfiles/modChainBlock.hpp"
 
 namespace tarvek {
 namespace {
@@ -19,10 +20,13 @@ struct PrintFlags {
     bool latLong;
 };
 
-PrintFlags FlagsInForce() {
+PrintFlags FlagsInForce(const WriterFamily& family) {
     const SurveyTables& tables = Tables();
     if (!tables.CoordinatesConverted) return {true, true, true};
-    return {tables.Options.ComputeScale, tables.Options.ComputeConvergence, tables.Options.ComputeLatLong};
+    const ConversionOptions& options = tables.Options;
+    const bool isGeographicSet = tables.OutputHeader.System.CS == GeographicSystem;
+    return {options.ComputeScale, options.ComputeConvergence,
+            options.ComputeLatLong || (family.locatesGeographicSets && isGeographicSet)};
 }
 
 bool IsAngleFormat(std::string_view units) { return units.starts_with("DDD"); }
@@ -127,10 +131,12 @@ void PrintPoint(TextFileOut& file, const PointRecord& point, const WriterFamily&
     PrintValue(file, "HE:", point.HE, 3);
     PrintIfAny(file, "", point.PD);
     PrintIfAny(file, "FE:", point.FE);
+    if (family.printsGeometry) PrintIfAny(file, "GM:", point.GM);
     PrintValue(file, "HG:", point.HG, 3);
     if (flags.scale) PrintValue(file, "SF:", point.SF, 8);
     if (flags.convergence) PrintAngle(file, "CA:", point.CA, 1);
     PrintIfAny(file, "GR:", point.GR);
+    if (family.printsGroupNumber) PrintIfAny(file, "GR:", point.GroupNumber);
     PrintIfAny(file, "CL:", point.CL);
     PrintIfAny(file, "", point.Others);
     PrintValue(file, "SY:", point.SY, 4);
@@ -139,7 +145,7 @@ void PrintPoint(TextFileOut& file, const PointRecord& point, const WriterFamily&
 }
 
 void PrintPoints(TextFileOut& file, PointList& points, const WriterFamily& family, const std::string& units) {
-    const PrintFlags flags = FlagsInForce();
+    const PrintFlags flags = FlagsInForce(family);
     const Word fileUnits(units);
     ProgressTask progress;
     progress.Begin("Writing points", points.size());
@@ -169,6 +175,7 @@ bool WriteTaggedFile(const std::string& path, const WriterFamily& family) {
     WriteTextFile(path, [&](TextFileOut& file) {
         PrintHeader(file, tables.OutputHeader, units);
         PrintPoints(file, tables.OutputPoints, family, units);
+        if (family.printsChains) PrintChains(file, tables.OutputChains);
     });
     return true;
 }

@@ -13,6 +13,10 @@ struct WriterFamily {
     // Prints the activity line, and the coordinate lines behind the point's name.
     void (*printActivity)(TextFileOut&, const PointRecord&);
     void (*printCoordinates)(TextFileOut&, const PointRecord&);
+    bool printsGeometry = false;         // "GM:"
+    bool printsGroupNumber = false;      // the SRV group, under a second "GR:"
+    bool printsChains = false;           // the chain block behind the points, where there are chains
+    bool locatesGeographicSets = false;  // a geographic set gets "LT:" and "LG:" whatever the options say
 };
 
 // Prints OutputHeader and OutputPoints; true when the file is written. Values are carried to the unit of the
