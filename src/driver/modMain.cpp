@@ -55,7 +55,7 @@ void RunTranslationArguments(const CommandLineArgs& args) {
 }  // namespace
 
 void Main(std::string_view commandLine) {
-    const InstanceLock lock;
+    const InstanceLock lock(ProgramFolder());
     if (!lock.Held()) return TellResult("An instance of Tarvek Translator is already running.");
     if (commandLine.empty()) return RunDialogDefaults();
     const CommandLineArgs args = Split(commandLine, '|');
