@@ -12,6 +12,8 @@ inline constexpr char DegreeSign = '\xB0';
 
 // `bytes` in UTF-8. The five codes that Windows-1252 leaves undefined become U+FFFD.
 std::string Utf8FromBytes(std::string_view bytes);
+// Appends a character up to U+FFFF.
+void AppendUtf8(std::string& out, char32_t code);
 bool IsValidUtf8(std::string_view bytes);
 
 // Upper case of every letter in place: ASCII, and the accented letters of Windows-1252 in text that is not

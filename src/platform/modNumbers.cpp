@@ -215,7 +215,7 @@ std::string TwoDigitFixedText(double value, int decimals) {
     std::string text = FixedText(value, decimals);
     const std::size_t first = text[0] == '-' ? 1 : 0;
     const std::size_t point = std::min(text.find('.'), text.size());
-    if (point - first < 2) text.insert(first, "0");
+    if (point - first < 2) text.insert(first, 1, '0');
     if (decimals <= 0) text += '.';
     return text;
 }

@@ -32,7 +32,7 @@ constexpr const char* ToolVariables[] = {"HOME", "TMPDIR"};
 constexpr const char* WineVariables[] = {"WINEPREFIX",      "WINEARCH",        "DISPLAY",
                                          "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR", "XAUTHORITY"};
 // What a tool must not find ignored, whatever started this program.
-constexpr int DefaultSignals[] = {SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGCHLD};
+constexpr int DefaultSignals[] = {SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXFSZ, SIGCHLD};
 
 class Descriptor {
   public:

@@ -29,14 +29,14 @@ struct ProcessEnd {
 // that is no absolute path and for a control character in any path or argument.
 ProcessEnd RunProcess(const ProcessStart& start);
 
-// The path of the tool `name` in `folder`, in any letter case; "x.exe" also finds "x" and "x" also "x.exe". Of
-// two the first that can run on this machine. Empty where there is none, and for a name with a separator.
+// The path of the tool `name` in `folder`, in any letter case; "x.exe" also finds "x" and "x" also "x.exe".
+// Of two the first that can run on this machine. Empty where there is none, and for a name with a separator.
 std::string FindTool(std::string_view folder, std::string_view name);
 
 // Carries out a batch file of ours in its own folder: lines "del NAME", where a missing file is no fault, and
-// at the end one line "TOOL [WORD ...] <IN >OUT". Every name is a plain one, of letters, digits, ".", "-" and "_", and so
-// never leaves the folder. Fault::InvalidCall, and nothing is done, for a batch with any other line; the fault
-// of the file system for a batch that can not be read or a file that can not be deleted.
+// at the end one line "TOOL [WORD ...] <IN >OUT". Every name is a plain one, of letters, digits, ".", "-" and
+// "_", and so never leaves the folder. Fault::InvalidCall, and nothing is done, for a batch with any other
+// line; the fault of the file system for a batch that can not be read or a file that can not be deleted.
 ProcessEnd RunBatch(std::string_view path);
 
 }  // namespace tarvek

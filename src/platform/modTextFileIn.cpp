@@ -92,6 +92,7 @@ void TextFileIn::Refill() {
     if (kept + Padding == window_.size()) window_.resize(2 * kept + Padding);
     at_ = window_.data();
     end_ = at_ + kept;
+    *end_ = '\n';
     char* const full = window_.data() + window_.size() - Padding;
     while (end_ < full && !atEnd_) {  // a pipe gives less than it is asked for
         const ssize_t count = ::read(file_, end_, static_cast<std::size_t>(full - end_));
@@ -100,8 +101,8 @@ void TextFileIn::Refill() {
         atEnd_ = count == 0;
         bytesRead_ += static_cast<std::uint64_t>(count);
         end_ += count;
+        *end_ = '\n';
     }
-    *end_ = '\n';
     progress_.At(bytesRead_);
 }
 
