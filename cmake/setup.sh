@@ -5,7 +5,7 @@
 # What a build needs, and what the tests need beside it, as Debian packages.
 # shellcheck disable=SC2034  # used by the scripts that source this file
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
-TEST_PACKAGES=(libgtest-dev python3)
+TEST_PACKAGES=(libgtest-dev python3 proj-bin proj-data)
 
 say() { printf '%s\n' "$*" >&2; }
 die() {

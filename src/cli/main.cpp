@@ -39,6 +39,14 @@ const FileType& ChooseType(const std::string& key, const std::string& path, cons
     return *type;
 }
 
+// Names the word that is no command, where the parser would only say that one is missing.
+void RequireKnownCommand(const CLI::App& app, int argc, char** argv) {
+    if (argc < 2 || argv[1][0] == '-') return;
+    const auto isNamed = [argv](const CLI::App* command) { return command->get_name() == argv[1]; };
+    if (app.get_subcommands(isNamed).empty())
+        throw CLI::ValidationError(argv[1], "there is no such command; tarvek --help lists them");
+}
+
 int RunCommandLine(int argc, char** argv) {
     CLI::App app("Tarvek Translator: carries survey points from one file format to another.", "tarvek");
     app.set_version_flag("--version", "tarvek " TARVEK_VERSION);
@@ -70,6 +78,7 @@ int RunCommandLine(int argc, char** argv) {
         "  tarvek replace control.ctl plain.ctl \"Drop Comments.TRN\"");
 
     try {
+        RequireKnownCommand(app, argc, argv);
         app.parse(argc, argv);
         if (replaceCommand.parsed()) return RunReplaceCommand(replace);
         convert.from = &ChooseType(from, convert.input, "--from", &FileType::read, ReadableKeys());

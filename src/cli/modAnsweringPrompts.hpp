@@ -16,7 +16,7 @@ struct PreparedAnswers {
 
 struct ToldMessage {
     Message message;
-    Button answer;
+    Button answer = Button::OK;
 };
 
 class AnsweringPrompts : public Prompts {

@@ -137,7 +137,7 @@ std::string Angles_GET_TextDegrees(double radians, int decimals, bool withSymbol
 
 std::string Angles_GET_TextDM(double radians, int decimals, bool withSymbols) {
     // Four spare digits, so that the parts are those of the rounded decimal value.
-    const std::string degreesText = Angles_GET_TextDegrees(radians, decimals + 4, false);
+    std::string degreesText = Angles_GET_TextDegrees(radians, decimals + 4, false);
     const double value = NumberFromText(degreesText);
     if (value == NoValue) return degreesText;
     const double positive = std::fabs(value);
@@ -182,7 +182,7 @@ std::string Angles_GET_TextDMS(double radians, int decimals, bool withSymbols) {
 }
 
 std::string Angles_GET_TextDMSPacked(double radians, int decimals, bool /*withSymbols*/) {
-    const std::string text = Angles_GET_TextDMS(radians, decimals, false);
+    std::string text = Angles_GET_TextDMS(radians, decimals, false);
     if (text == NoValueText) return text;
     const std::vector<std::string_view> parts = Split(text, ' ');
     return std::string(parts[0]) + '.' + std::string(parts[1]) + ReplaceAll(parts[2], ".", "");

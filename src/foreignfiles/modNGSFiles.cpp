@@ -90,8 +90,8 @@ struct Import {
 
 // What parts the two generations.
 struct Generation {
-    bool (*readDataLine)(Import&);  // false when the user has stopped the import
-    bool hasEllipsoidHeightLine;
+    bool (*readDataLine)(Import&) = nullptr;  // false when the user has stopped the import
+    bool hasEllipsoidHeightLine = false;
     AccuracyBlock accuracy;
 };
 
@@ -125,31 +125,31 @@ void TellNoDatasheet() {
 }
 
 // True if the import goes on; the user is asked once for each of the two datums.
-bool AcceptConflict(Import& import, DatumQuestion& datum) {
+bool AcceptConflict(Import& in, DatumQuestion& datum) {
     if (datum.accepted) return true;
     const std::string name(datum.name);
-    datum.accepted = Ask(
-        {"A " + name + " conflict exists in the file.  Point '" + import.point.PN + "' does not match the " +
-             name + " of previous points in the file.  Click 'OK' to import " + "using the previous points " +
-             std::string(datum.nameInSentence) + " or click 'Cancel' to stop the import.",
-         name + " Conflict", Icon::None, Buttons::OKCancel});
+    const std::string text = "A " + name + " conflict exists in the file.  Point '" + in.point.PN +
+                             "' does not match the " + name + " of previous points in the file.  " +
+                             "Click 'OK' to import using the previous points " +
+                             std::string(datum.nameInSentence) + " or click 'Cancel' to stop the import.";
+    datum.accepted = Ask({text, name + " Conflict", Icon::None, Buttons::OKCancel});
     return datum.accepted;
 }
 
-bool MatchHorizontalDatum(Import& import, std::string_view datum) {
-    return datum == import.header.System.HD || AcceptConflict(import, import.horizontal);
+bool MatchHorizontalDatum(Import& in, std::string_view datum) {
+    return datum == in.header.System.HD || AcceptConflict(in, in.horizontal);
 }
 
 // The first datum met becomes that of the file.
-bool MatchVerticalDatum(Import& import, std::string_view datum) {
-    std::string& datumOfFile = import.header.System.VD;
+bool MatchVerticalDatum(Import& in, std::string_view datum) {
+    std::string& datumOfFile = in.header.System.VD;
     if (datumOfFile.empty()) datumOfFile = datum;
-    return datum == datumOfFile || AcceptConflict(import, import.vertical);
+    return datum == datumOfFile || AcceptConflict(in, in.vertical);
 }
 
-void TakePosition(Import& import, const PositionLayout& layout) {
-    const std::string_view line = import.line;
-    PointRecord& point = import.point;
+void TakePosition(Import& in, const PositionLayout& layout) {
+    const std::string_view line = in.line;
+    PointRecord& point = in.point;
     point.LT = Angles_GET_Radians(TextAt(line, layout.latitude), AngleFormatDMS);
     point.LatDir = Columns(line, layout.latitudeDirection, 1);
     point.LG = Angles_GET_Radians(TextAt(line, layout.longitude), AngleFormatDMS);
@@ -157,40 +157,40 @@ void TakePosition(Import& import, const PositionLayout& layout) {
     AppendTagged(point.Others, "AH:", TextFrom(line, layout.source));
 }
 
-void TakeElevation(Import& import, const HeightLayout& layout) {
-    import.point.Z = NumberAt(import.line, layout.height);
-    AppendTagged(import.point.Others, "AV:", TextFrom(import.line, layout.source));
+void TakeElevation(Import& in, const HeightLayout& layout) {
+    in.point.Z = NumberAt(in.line, layout.height);
+    AppendTagged(in.point.Others, "AV:", TextFrom(in.line, layout.source));
 }
 
-void TakeEllipsoidHeight(Import& import, const HeightLayout& layout) {
-    import.point.HE = NumberAt(import.line, layout.height);
-    const std::string_view source = TextFrom(import.line, layout.source);
-    if (source != Adjusted) AppendTagged(import.point.Others, "CM:ELLIPSOID HEIGHT SOURCE = ", source);
+void TakeEllipsoidHeight(Import& in, const HeightLayout& layout) {
+    in.point.HE = NumberAt(in.line, layout.height);
+    const std::string_view source = TextFrom(in.line, layout.source);
+    if (source != Adjusted) AppendTagged(in.point.Others, "CM:ELLIPSOID HEIGHT SOURCE = ", source);
 }
 
 // Steps of both generations
 
-void StartSheet(Import& import) {
-    if (import.sheetSeen) import.points.Append(std::move(import.point));
-    InitPoint(import.point);
-    import.point.HorizontalUnits = import.meters;
-    import.point.VerticalUnits = import.meters;
-    AppendTagged(import.point.Others, "CM:", ColumnsFrom(import.line, 38));
-    import.sheetSeen = true;
+void StartSheet(Import& in) {
+    if (in.sheetSeen) in.points.Append(std::move(in.point));
+    InitPoint(in.point);
+    in.point.HorizontalUnits = in.meters;
+    in.point.VerticalUnits = in.meters;
+    AppendTagged(in.point.Others, "CM:", ColumnsFrom(in.line, 38));
+    in.sheetSeen = true;
 }
 
-void ReadKeyLine(Import& import) {
-    PointRecord& point = import.point;
-    const std::string_view key = TextAt(import.line, Key);
+void ReadKeyLine(Import& in) {
+    PointRecord& point = in.point;
+    const std::string_view key = TextAt(in.line, Key);
     if (key == "CORS_ID") {
         AppendTagged(point.PD, "PD:CORS_ID = ", point.PN);
         point.SY = point.SX = point.SZ = CORSErrorEstimate;
     } else if (key == "DESIGNATION") {
-        AppendTagged(point.PD, "NM:", TextFrom(import.line, 25));
+        AppendTagged(point.PD, "NM:", TextFrom(in.line, 25));
     } else if (key == "PID") {
-        point.PN = TextFrom(import.line, 25);
+        point.PN = TextFrom(in.line, 25);
     } else {
-        AppendTagged(point.Others, "CM:", TextFrom(import.line, 23));
+        AppendTagged(point.Others, "CM:", TextFrom(in.line, 23));
     }
 }
 
@@ -199,105 +199,105 @@ float OneSigma(std::string_view line, Field field) {
 }
 
 // The label of the row of values is not looked at.
-void ReadAccuracy(Import& import, const AccuracyBlock& block) {
+void ReadAccuracy(Import& in, const AccuracyBlock& block) {
     constexpr int LinesBehindTitle = 3;
-    for (int i = 0; i < LinesBehindTitle; ++i) import.line = import.file.RequireLine();
-    import.point.SY = OneSigma(import.line, block.north);
-    import.point.SX = OneSigma(import.line, block.east);
-    import.point.SZ = OneSigma(import.line, block.up);
+    for (int i = 0; i < LinesBehindTitle; ++i) in.line = in.file.RequireLine();
+    in.point.SY = OneSigma(in.line, block.north);
+    in.point.SX = OneSigma(in.line, block.east);
+    in.point.SZ = OneSigma(in.line, block.up);
 }
 
 // Before 1 May 2012
 
 // The vertical line is the one behind the position, whatever it holds.
-bool ReadNarrowVerticalLine(Import& import) {
-    import.line = import.file.RequireLine();
-    const std::string_view datum = TextAt(import.line, Key);
-    if (!MatchVerticalDatum(import, datum)) return false;
-    if (!TextFrom(import.line, HeightBefore2012.source).empty()) TakeElevation(import, HeightBefore2012);
-    AppendTagged(import.point.Others, "VD:", datum);
+bool ReadNarrowVerticalLine(Import& in) {
+    in.line = in.file.RequireLine();
+    const std::string_view datum = TextAt(in.line, Key);
+    if (!MatchVerticalDatum(in, datum)) return false;
+    if (!TextFrom(in.line, HeightBefore2012.source).empty()) TakeElevation(in, HeightBefore2012);
+    AppendTagged(in.point.Others, "VD:", datum);
     return true;
 }
 
-bool ReadNarrowPosition(Import& import) {
-    const std::string_view datum = TextAt(import.line, Key);
-    if (import.InFirstSheet()) import.header.System.HD = datum;
-    if (!MatchHorizontalDatum(import, datum)) return false;
-    TakePosition(import, NarrowPosition);
-    AppendTagged(import.point.Others, "HD:", datum);
-    return ReadNarrowVerticalLine(import);
+bool ReadNarrowPosition(Import& in) {
+    const std::string_view datum = TextAt(in.line, Key);
+    if (in.InFirstSheet()) in.header.System.HD = datum;
+    if (!MatchHorizontalDatum(in, datum)) return false;
+    TakePosition(in, NarrowPosition);
+    AppendTagged(in.point.Others, "HD:", datum);
+    return ReadNarrowVerticalLine(in);
 }
 
-void ReadWideVerticalLine(Import& import) {
-    import.line = import.file.RequireLine();
-    std::string& datumOfFile = import.header.System.VD;
-    const std::string_view source = TextFrom(import.line, HeightBefore2012.source);
-    if (source == Adjusted && datumOfFile.empty()) datumOfFile = TextAt(import.line, Key);
+void ReadWideVerticalLine(Import& in) {
+    in.line = in.file.RequireLine();
+    std::string& datumOfFile = in.header.System.VD;
+    const std::string_view source = TextFrom(in.line, HeightBefore2012.source);
+    if (source == Adjusted && datumOfFile.empty()) datumOfFile = TextAt(in.line, Key);
     const bool isTaken = source == Adjusted || (!source.empty() && !datumOfFile.empty());
-    if (isTaken) TakeElevation(import, HeightBefore2012);
+    if (isTaken) TakeElevation(in, HeightBefore2012);
 }
 
 // 16 characters are kept as the file's datum and 12 are compared with it, so that a longer name is a conflict
 // with itself.
-bool ReadWidePosition(Import& import) {
-    const std::string_view wideDatum = TextAt(import.line, WideDatum);
-    if (import.InFirstSheet()) import.header.System.HD = wideDatum;
-    const bool wasAccepted = import.horizontal.accepted;
-    const bool differs = TextAt(import.line, Key) != import.header.System.HD;
-    if (differs && !AcceptConflict(import, import.horizontal)) return false;
-    if (differs && wasAccepted) AppendTagged(import.point.Others, "CM:HORIZONTAL DATUM = ", wideDatum);
-    TakePosition(import, WidePosition);
-    ReadWideVerticalLine(import);
+bool ReadWidePosition(Import& in) {
+    const std::string_view wideDatum = TextAt(in.line, WideDatum);
+    if (in.InFirstSheet()) in.header.System.HD = wideDatum;
+    const bool wasAccepted = in.horizontal.accepted;
+    const bool differs = TextAt(in.line, Key) != in.header.System.HD;
+    if (differs && !AcceptConflict(in, in.horizontal)) return false;
+    if (differs && wasAccepted) AppendTagged(in.point.Others, "CM:HORIZONTAL DATUM = ", wideDatum);
+    TakePosition(in, WidePosition);
+    ReadWideVerticalLine(in);
     return true;
 }
 
-bool ReadDataLineBefore2012(Import& import) {
-    if (Column(import.line, 22) == '-') return ReadNarrowPosition(import);
-    if (Column(import.line, 26) == '-') return ReadWidePosition(import);
+bool ReadDataLineBefore2012(Import& in) {
+    if (Column(in.line, 22) == '-') return ReadNarrowPosition(in);
+    if (Column(in.line, 26) == '-') return ReadWidePosition(in);
     return true;
 }
 
 // From 1 May 2012 on
 
 // Takes "<...>" out of the label and the values of an orthometric height. A "<" that is never closed stays.
-void RemoveMarks(Import& import) {
+void RemoveMarks(Import& in) {
     constexpr std::size_t LabelStart = LabelSince2012.start - 1;
-    if (import.line.find("ORTHO HEIGHT", LabelStart) == std::string_view::npos) return;
+    if (in.line.find("ORTHO HEIGHT", LabelStart) == std::string_view::npos) return;
     std::string kept;
     std::size_t from = 0;
-    for (std::size_t mark = LabelStart; (mark = import.line.find('<', mark)) != std::string_view::npos;) {
-        const std::size_t end = import.line.find('>', mark);
+    for (std::size_t mark = LabelStart; (mark = in.line.find('<', mark)) != std::string_view::npos;) {
+        const std::size_t end = in.line.find('>', mark);
         if (end == std::string_view::npos) break;
-        kept += import.line.substr(from, mark - from);
+        kept += in.line.substr(from, mark - from);
         from = mark = end + 1;
     }
-    kept += import.line.substr(from);
-    import.changedLine = ReplaceAll(kept, "  ORTHO", " ORTHO");
-    import.line = import.changedLine;
+    kept += in.line.substr(from);
+    in.changedLine = ReplaceAll(kept, "  ORTHO", " ORTHO");
+    in.line = in.changedLine;
 }
 
-bool ReadPositionSince2012(Import& import, std::string_view datum) {
-    if (import.InFirstSheet()) import.header.System.HD = datum;
-    if (!MatchHorizontalDatum(import, datum)) return false;
-    TakePosition(import, PositionSince2012);
-    AppendTagged(import.point.Others, "HD:", datum);
+bool ReadPositionSince2012(Import& in, std::string_view datum) {
+    if (in.InFirstSheet()) in.header.System.HD = datum;
+    if (!MatchHorizontalDatum(in, datum)) return false;
+    TakePosition(in, PositionSince2012);
+    AppendTagged(in.point.Others, "HD:", datum);
     return true;
 }
 
-bool ReadEllipsoidHeightSince2012(Import& import, std::string_view /*datum*/) {
-    TakeEllipsoidHeight(import, EllipsoidHeightSince2012);
+bool ReadEllipsoidHeightSince2012(Import& in, std::string_view /*datum*/) {
+    TakeEllipsoidHeight(in, EllipsoidHeightSince2012);
     return true;
 }
 
-bool ReadEpoch(Import& import, std::string_view /*datum*/) {
-    AppendTagged(import.point.Others, "CM:EPOCH = ", TextAt(import.line, {32, 11}));
+bool ReadEpoch(Import& in, std::string_view /*datum*/) {
+    AppendTagged(in.point.Others, "CM:EPOCH = ", TextAt(in.line, {32, 11}));
     return true;
 }
 
-bool ReadOrthoHeight(Import& import, std::string_view datum) {
-    if (!MatchVerticalDatum(import, datum)) return false;
-    if (!TextFrom(import.line, ElevationSince2012.source).empty()) TakeElevation(import, ElevationSince2012);
-    AppendTagged(import.point.Others, "VD:", datum);
+bool ReadOrthoHeight(Import& in, std::string_view datum) {
+    if (!MatchVerticalDatum(in, datum)) return false;
+    if (!TextFrom(in.line, ElevationSince2012.source).empty()) TakeElevation(in, ElevationSince2012);
+    AppendTagged(in.point.Others, "VD:", datum);
     return true;
 }
 
@@ -314,13 +314,13 @@ constexpr Keyword Keywords[] = {
     {"ORTHO HEIGHT", ReadOrthoHeight},
 };
 
-bool ReadDataLineSince2012(Import& import) {
-    RemoveMarks(import);
-    if (Column(import.line, 31) != '-') return true;
-    const std::string_view label = Columns(import.line, LabelSince2012.start, LabelSince2012.count);
+bool ReadDataLineSince2012(Import& in) {
+    RemoveMarks(in);
+    if (Column(in.line, 31) != '-') return true;
+    const std::string_view label = Columns(in.line, LabelSince2012.start, LabelSince2012.count);
     for (const Keyword& keyword : Keywords) {
         const std::size_t at = label.find(keyword.text);
-        if (at != std::string_view::npos) return keyword.read(import, Trim(label.substr(0, at)));
+        if (at != std::string_view::npos) return keyword.read(in, Trim(label.substr(0, at)));
     }
     return true;
 }
@@ -338,42 +338,42 @@ constexpr Generation Since2012 = {
 
 // The file as a whole
 
-// False when the user has stopped the import.
-bool ReadLine(Import& import, const Generation& generation) {
-    if (IsSheetStart(import.line)) StartSheet(import);
-    if (import.sheetSeen) {
-        if (Column(import.line, 22) == '-') ReadKeyLine(import);
-        if (IsDataLine(import.line) && !generation.readDataLine(import)) return false;
+// False when the user has stopped the in.
+bool ReadLine(Import& in, const Generation& generation) {
+    if (IsSheetStart(in.line)) StartSheet(in);
+    if (in.sheetSeen) {
+        if (Column(in.line, 22) == '-') ReadKeyLine(in);
+        if (IsDataLine(in.line) && !generation.readDataLine(in)) return false;
     }
-    if (generation.hasEllipsoidHeightLine && Columns(import.line, Key.start, Key.count) == "ELLIP HEIGHT")
-        TakeEllipsoidHeight(import, HeightBefore2012);
-    if (Columns(import.line, BlockTitle.start, BlockTitle.count) == generation.accuracy.title)
-        ReadAccuracy(import, generation.accuracy);
+    if (generation.hasEllipsoidHeightLine && Columns(in.line, Key.start, Key.count) == "ELLIP HEIGHT")
+        TakeEllipsoidHeight(in, HeightBefore2012);
+    if (Columns(in.line, BlockTitle.start, BlockTitle.count) == generation.accuracy.title)
+        ReadAccuracy(in, generation.accuracy);
     return true;
 }
 
-void ReplaceInput(Import& import) {
-    CoordSystemRef& system = import.header.System;
+void ReplaceInput(Import& in) {
+    CoordSystemRef& system = in.header.System;
     system.CS = GeographicSystem;
     system.HorizontalUnits = AngleFormatDMS;
-    system.VerticalUnits = import.meters.Text();
-    import.points.Append(std::move(import.point));
+    system.VerticalUnits = in.meters.Text();
+    in.points.Append(std::move(in.point));
     SurveyTables& tables = Tables();
-    tables.InputHeader = std::move(import.header);
-    tables.InputPoints = std::move(import.points);
+    tables.InputHeader = std::move(in.header);
+    tables.InputPoints = std::move(in.points);
     tables.InputChains = {};
 }
 
 bool ReadSheets(const std::string& path, const Generation& generation) {
     if (!CheckFileExists(path)) return false;
-    Import import(path);
-    while (import.file.NextLine(import.line))
-        if (!ReadLine(import, generation)) return false;
-    if (!import.sheetSeen) {
+    Import in(path);
+    while (in.file.NextLine(in.line))
+        if (!ReadLine(in, generation)) return false;
+    if (!in.sheetSeen) {
         TellNoDatasheet();
         return false;
     }
-    ReplaceInput(import);
+    ReplaceInput(in);
     return true;
 }
 

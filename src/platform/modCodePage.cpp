@@ -37,14 +37,21 @@ std::optional<Utf8Sequence> SequenceAt(std::string_view bytes, std::size_t at) {
     return Utf8Sequence{length, code};
 }
 
-char UpperCaseAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+// ASCII letters in upper case, every other byte as it is.
+constexpr std::array<char, 256> UpperCaseTable = [] {
+    std::array<char, 256> table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte)
+        table[byte] = static_cast<char>(byte >= 'a' && byte <= 'z' ? byte - 'a' + 'A' : byte);
+    return table;
+}();
 
+// What the table leaves: the accented letters.
 char UpperCase1252(char c) {
     const auto byte = static_cast<Byte>(c);
     if (byte == 0x9A || byte == 0x9C || byte == 0x9E) return static_cast<char>(byte - 0x10);
     if (byte == 0xFF) return '\x9F';
     if (byte >= 0xE0 && byte != 0xF7) return static_cast<char>(byte - 0x20);
-    return UpperCaseAscii(c);
+    return c;
 }
 
 bool ChangesWritingDirection(char32_t code) {
@@ -103,11 +110,14 @@ std::string Utf8FromBytes(std::string_view bytes) {
 }
 
 void UpperCase(char* text, std::size_t size) {
-    bool isAscii = true;
-    for (std::size_t i = 0; i < size; ++i) isAscii &= static_cast<Byte>(text[i]) < 0x80;
-    const bool asciiOnly = isAscii || IsValidUtf8({text, size});
-    for (std::size_t i = 0; i < size; ++i)
-        text[i] = asciiOnly ? UpperCaseAscii(text[i]) : UpperCase1252(text[i]);
+    Byte allBytes = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        const auto byte = static_cast<Byte>(text[i]);
+        allBytes |= byte;
+        text[i] = UpperCaseTable[byte];
+    }
+    if (allBytes < 0x80 || IsValidUtf8({text, size})) return;
+    for (std::size_t i = 0; i < size; ++i) text[i] = UpperCase1252(text[i]);
 }
 
 std::string UpperCaseText(std::string_view text) {

@@ -43,8 +43,8 @@ std::string ConsolePrompts::Ask(const TextQuestion& question) {
     return ReadAnswer();
 }
 
-void ConsolePrompts::View(const std::string& path, const std::string& label) {
-    std::string text = TerminalText(label) + "\n";
+void ConsolePrompts::View(const std::string& path, const std::string& /*label*/) {
+    std::string text;
     TextFileIn file(path);
     for (std::string_view line; file.NextLine(line);) text += TerminalText(line) + "\n";
     std::fwrite(text.data(), 1, text.size(), view_);

@@ -81,8 +81,22 @@ Integer RoundToInteger(double value) {
     return static_cast<Integer>(rounded);
 }
 
-constexpr std::uint64_t PowersOfTen[] = {1,      10,      100,      1000,      10000,
-                                         100000, 1000000, 10000000, 100000000, 1000000000};
+constexpr std::uint64_t PowersOfTen[] = {1,
+                                         10,
+                                         100,
+                                         1000,
+                                         10000,
+                                         100000,
+                                         1000000,
+                                         10000000,
+                                         100000000,
+                                         1000000000,
+                                         10000000000,
+                                         100000000000,
+                                         1000000000000,
+                                         10000000000000,
+                                         100000000000000,
+                                         1000000000000000};
 
 void AppendDigits(std::string& out, std::uint64_t whole, std::size_t decimals) {
     char digits[24];
@@ -112,16 +126,35 @@ bool AppendFixedExactly(std::string& out, double value, std::size_t decimals) {
     const Wide scaled = static_cast<Wide>(mantissa) * PowersOfTen[decimals];
     const int shift = -exponent;
     std::uint64_t whole = 0;
-    if (shift < 100) {
+    if (shift < 110) {
         const Wide kept = scaled >> shift;
         if (kept > 9'999'999'999'999'999'999ull) return false;
         whole = static_cast<std::uint64_t>(kept);
         const Wide half = Wide{1} << (shift - 1);
         const Wide rest = scaled - (kept << shift);
         if (rest > half || (rest == half && (whole & 1) != 0)) ++whole;
-    }  // else below 2^(53+30-100): rounds to zero
+    }  // else below 2^(53+50-110): rounds to zero
     if ((bits >> 63) != 0 && whole != 0) out += '-';
     AppendDigits(out, whole, decimals);
+    return true;
+}
+
+// The fast road to 15 significant digits for values from 1 on, whose plain form needs no exponent.
+bool AppendGeneralExactly(std::string& out, double value) {
+    const double positive = std::fabs(value);
+    if (!(positive >= 1 && positive < 1e15)) return false;
+    std::size_t wholeDigits = 1;
+    while (positive >= static_cast<double>(PowersOfTen[wholeDigits])) ++wholeDigits;
+    const std::size_t start = out.size();
+    if (!AppendFixedExactly(out, value, 15 - wholeDigits)) return false;
+    const std::size_t sign = out[start] == '-' ? 1 : 0;
+    if (wholeDigits == 15) {
+        if (out.size() - start - sign == 15) return true;
+        out.resize(start);  // rounded up to a sixteenth digit
+        return false;
+    }
+    out.erase(out.find_last_not_of('0') + 1);
+    if (out.back() == '.') out.pop_back();
     return true;
 }
 
@@ -166,6 +199,7 @@ double LeadingNumber(std::string_view text) {
 std::string GeneralText(double value) {
     RequireFinite(value);
     if (value == 0) return "0";
+    if (std::string text; AppendGeneralExactly(text, value)) return text;
     char scientific[32];
     const auto result = std::to_chars(scientific, scientific + sizeof scientific, std::fabs(value),
                                       std::chars_format::scientific, 14);

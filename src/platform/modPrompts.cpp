@@ -37,7 +37,7 @@ void TellResult(std::string text, std::string caption) {
     UserPrompts().Show({std::move(text), std::move(caption), Icon::Information, Buttons::OK});
 }
 
-bool Ask(Message question) {
+bool Ask(const Message& question) {
     const Button answer = UserPrompts().Show(question);
     return answer == Button::Yes || answer == Button::OK;
 }

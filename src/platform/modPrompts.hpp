@@ -58,7 +58,7 @@ class PromptsInForce {
 void TellFault(std::string text, std::string caption = std::string(ProgramTitle));
 void TellResult(std::string text, std::string caption = std::string(ProgramTitle));
 // Asks; true for Yes or OK.
-bool Ask(Message question);
+bool Ask(const Message& question);
 
 // The buttons of a message in the order in which they are shown, and their captions.
 std::vector<Button> ButtonsOf(Buttons buttons);

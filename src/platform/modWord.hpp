@@ -21,6 +21,7 @@ class Word {
 
     friend bool operator==(Word a, Word b) { return a.text_ == b.text_; }
     friend bool operator==(Word a, std::string_view b) { return *a.text_ == b; }
+    friend bool operator==(Word a, const std::string& b) { return *a.text_ == b; }
     friend bool operator==(Word a, const char* b) { return *a.text_ == b; }
 
   private:

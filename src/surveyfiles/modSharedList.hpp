@@ -15,9 +15,11 @@ namespace tarvek {
 template <class Record>
 class SharedList {
   public:
-    std::size_t size() const { return size_; }
+    std::size_t size() const {
+        return blocks_.empty() ? 0 : (blocks_.size() - 1) * BlockSize + blocks_.back()->size();
+    }
     // A list of which nothing was ever appended is not allocated; writers leave its block out.
-    bool IsAllocated() const { return size_ > 0; }
+    bool IsAllocated() const { return !blocks_.empty(); }
 
     const Record& operator[](std::size_t index) const {
         return (*blocks_[index / BlockSize])[index % BlockSize];
@@ -31,14 +33,13 @@ class SharedList {
     }
 
     void Append(Record record) {
-        if (size_ % BlockSize == 0) {
+        if (blocks_.empty() || blocks_.back()->size() == BlockSize) {
             blocks_.push_back(std::make_shared<Block>());
             blocks_.back()->reserve(BlockSize);
         } else if (blocks_.back().use_count() > 1) {
             blocks_.back() = CopyOf(*blocks_.back());
         }
         blocks_.back()->push_back(std::move(record));
-        ++size_;
     }
 
     class Iterator {
@@ -62,7 +63,7 @@ class SharedList {
         std::size_t index_;
     };
     Iterator begin() const { return {this, 0}; }
-    Iterator end() const { return {this, size_}; }
+    Iterator end() const { return {this, size()}; }
 
   private:
     using Block = std::vector<Record>;
@@ -76,7 +77,6 @@ class SharedList {
     }
 
     std::vector<std::shared_ptr<Block>> blocks_;
-    std::size_t size_ = 0;
 };
 
 // A copy of `list`; Fault::SubscriptOutOfRange where it is not allocated, as after a reader that refused its

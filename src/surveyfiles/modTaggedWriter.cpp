@@ -3,6 +3,7 @@
 #include "coordmath/modAngles.hpp"
 #include "coordmath/modDistances.hpp"
 #include "platform/modClock.hpp"
+#include "platform/modFaults.hpp"
 #include "platform/modNumbers.hpp"
 #include "platform/modProgress.hpp"
 #include "platform/modPrompts.hpp"
@@ -96,10 +97,11 @@ void PrintHeader(TextFileOut& file, const ProjectHeader& header, const std::stri
     file.Line("DT:", DateText(Now()));
 }
 
-// Carries every length of the point to the unit of the file; SZ really does take the horizontal unit.
+// Carries the lengths that are printed to the unit of the file; SZ really does take the horizontal unit.
 void ConvertLengths(PointRecord& point, std::string_view units) {
-    for (double PointRecord::*length : {&PointRecord::Y, &PointRecord::X})
-        point.*length = Distances_GET_Convert(point.*length, point.HorizontalUnits, units);
+    if (!point.IsGeographic)
+        for (double PointRecord::*length : {&PointRecord::Y, &PointRecord::X})
+            point.*length = Distances_GET_Convert(point.*length, point.HorizontalUnits, units);
     for (float PointRecord::*estimate : {&PointRecord::SX, &PointRecord::SY, &PointRecord::SZ})
         point.*estimate = SingleFromNumber(
             Distances_GET_Convert(static_cast<double>(point.*estimate), point.HorizontalUnits, units));
@@ -161,6 +163,7 @@ void PrintPoints(TextFileOut& file, PointList& points, const WriterFamily& famil
 }  // namespace
 
 void PrintNumber(TextFileOut& file, std::string_view tag, double value, int decimals) {
+    RequireFinite(value);  // before the tag, so that a fault leaves whole lines
     file.Buffer() += tag;
     AppendFixed(file.Buffer(), value, decimals);
     file.EndLine();

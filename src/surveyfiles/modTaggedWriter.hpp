@@ -11,8 +11,8 @@ namespace tarvek {
 
 struct WriterFamily {
     // Prints the activity line, and the coordinate lines behind the point's name.
-    void (*printActivity)(TextFileOut&, const PointRecord&);
-    void (*printCoordinates)(TextFileOut&, const PointRecord&);
+    void (*printActivity)(TextFileOut&, const PointRecord&) = nullptr;
+    void (*printCoordinates)(TextFileOut&, const PointRecord&) = nullptr;
     bool printsGeometry = false;         // "GM:"
     bool printsGroupNumber = false;      // the SRV group, under a second "GR:"
     bool printsChains = false;           // the chain block behind the points, where there are chains

@@ -6,6 +6,7 @@
 #include <deque>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/modCodePage.hpp"
@@ -40,7 +41,7 @@ Key MaskOf(std::size_t tagLength) {
     return Masks[tagLength < 2 ? tagLength : 2];
 }
 
-// Some ten thousand lines with their keys. A line's bytes stand behind their length in a chunk of memory that
+// Up to 65,536 lines with their keys. A line's bytes stand behind their length in a chunk of memory that
 // never moves; a line that outgrows its place gets a new one.
 class LineBlock {
   public:
@@ -187,17 +188,19 @@ std::string DivideItems(std::string_view text) {
         const std::size_t blank =
             nextColon == std::string_view::npos ? nextColon : text.substr(0, nextColon).rfind(' ');
         if (blank == std::string_view::npos) return items.append(text);
-        items.append(Trim(text.substr(0, blank))).append(LineEnd);
-        text = Trim(text.substr(blank + 1));
+        items.append(TrimRight(text.substr(0, blank))).append(LineEnd);
+        text.remove_prefix(blank + 1);
     }
 }
 
 // `rest` is what follows the find tag's colon and has a colon of its own at `colon`.
 void ParseReplacement(std::string_view rest, std::size_t colon, SearchReplaceCommand& command) {
     const std::size_t blank = rest.substr(0, colon).rfind(' ');
-    const bool hasFindValue = blank != std::string_view::npos;
-    if (hasFindValue) command.FindValue = rest.substr(0, blank);
-    command.ReplaceText = DivideItems(Trim(hasFindValue ? rest.substr(blank + 1) : rest));
+    if (blank != std::string_view::npos) {
+        command.FindValue = rest.substr(0, blank);
+        rest.remove_prefix(blank + 1);
+    }
+    command.ReplaceText = DivideItems(rest);
 }
 
 bool ParseArithmetic(std::string_view line, std::string_view rest, SearchReplaceCommand& command) {
@@ -213,11 +216,12 @@ bool ParseArithmetic(std::string_view line, std::string_view rest, SearchReplace
 
 // Puts what the command makes of a value into `changed`; false, after the user was told, where it can not.
 bool ChangeByArithmetic(const SearchReplaceCommand& command, std::string_view value, std::string& changed) {
-    const bool needsNumber = command.MathType != "Bearing" && command.MathType != "PointID";
-    if (needsNumber && !IsNumericText(value)) return RefuseValue(command);
+    const std::optional<std::string> result =
+        TryTagMath(value, command.MathValue, command.MathOperator, command.MathType);
+    if (!result) return RefuseValue(command);
     changed = command.FindTag;
     changed += ':';
-    changed += ApplyTagMath(value, command.MathValue, command.MathOperator, command.MathType);
+    changed += *result;
     return true;
 }
 
@@ -262,8 +266,8 @@ bool ApplyToAllLines(const SearchReplaceCommand& command) {
 void WriteLine(TextFileOut& file, std::string_view line) {
     if (line.empty()) return;
     line = Trim(line);
-    const std::size_t colon = line.find(':');
-    if (colon == std::string_view::npos || colon + 1 < line.size()) file.Line(line);
+    const bool isTagAlone = line.ends_with(':') && line.find(':') == line.size() - 1;
+    if (!isTagAlone) file.Line(line);
 }
 
 }  // namespace

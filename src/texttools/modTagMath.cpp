@@ -62,21 +62,30 @@ double LessFullCircles(double radians) {
     return radians;
 }
 
-std::string NumberMath(std::string_view value, double operand, std::string_view mathOperator) {
-    return GeneralText(Combined(NumberFromText(value), mathOperator, operand));
+struct Arithmetic {
+    std::string_view value;
+    double number;  // that the value is, in the classes where it must be one
+    std::string_view mathOperator;
+    double operand;
+};
+
+std::string NumberMath(const Arithmetic& math) {
+    return GeneralText(Combined(math.number, math.mathOperator, math.operand));
 }
 
-std::string SecondsMath(std::string_view value, double operand, std::string_view mathOperator) {
-    const double valueRadians = NumberFromText(value) / 3600 * RadiansPerDegree;
-    const double operandRadians = operand / 3600 * RadiansPerDegree;
-    return FixedText(Combined(valueRadians, mathOperator, operandRadians) * DegreesPerRadian * 3600, 3);
+double RadiansFromSeconds(double seconds) { return seconds / 3600 * RadiansPerDegree; }
+
+std::string SecondsMath(const Arithmetic& math) {
+    const double value = RadiansFromSeconds(math.number);
+    const double result = Combined(value, math.mathOperator, RadiansFromSeconds(math.operand));
+    return FixedText(result * DegreesPerRadian * 3600, 3);
 }
 
-std::string AngleMath(std::string_view value, double operand, std::string_view mathOperator) {
-    const double valueRadians = Angles_GET_RadFromDMSPacked(value);
-    const double operandRadians = Angles_GET_RadFromDMSPacked(GeneralText(operand));
-    if (!HasValue(valueRadians) || !HasValue(operandRadians)) return NoValueText;
-    const double result = Combined(valueRadians, mathOperator, operandRadians);
+std::string AngleMath(const Arithmetic& math) {
+    const double value = Angles_GET_RadFromDMSPacked(math.value);
+    const double operand = Angles_GET_RadFromDMSPacked(GeneralText(math.operand));
+    if (!HasValue(value) || !HasValue(operand)) return NoValueText;
+    const double result = Combined(value, math.mathOperator, operand);
     return Angles_GET_TextDMSPacked(LessFullCircles(result), 0);
 }
 
@@ -115,15 +124,15 @@ std::string BearingText(char first, char second, double bearing) {
 
 // An azimuth on one of the four cardinal directions lies in no quadrant: it keeps the letters of the value,
 // and the azimuth itself stands between them.
-std::string BearingMath(std::string_view value, double operand, std::string_view mathOperator) {
-    const char first = value.front();
-    const char second = value.back();
-    const double bearing =
-        Angles_GET_RadFromDMSPacked(value.substr(1, value.size() > 1 ? value.size() - 2 : 0));
-    const double operandRadians = Angles_GET_RadFromDMSPacked(GeneralText(operand));
-    if (!HasValue(bearing) || !HasValue(operandRadians)) return NoValueText;
+std::string BearingMath(const Arithmetic& math) {
+    const char first = math.value.front();
+    const char second = math.value.back();
+    const std::string_view between = math.value.size() < 2 ? "" : math.value.substr(1, math.value.size() - 2);
+    const double bearing = Angles_GET_RadFromDMSPacked(between);
+    const double operand = Angles_GET_RadFromDMSPacked(GeneralText(math.operand));
+    if (!HasValue(bearing) || !HasValue(operand)) return NoValueText;
     const double azimuth =
-        LessFullCircles(Combined(AzimuthOf(first, second, bearing), mathOperator, operandRadians));
+        LessFullCircles(Combined(AzimuthOf(first, second, bearing), math.mathOperator, operand));
     for (const Quadrant& quadrant : Quadrants)
         if (quadrant.above < azimuth && azimuth < quadrant.below)
             return BearingText(quadrant.first, quadrant.second, quadrant.bearingOf(azimuth));
@@ -150,8 +159,9 @@ std::size_t NumericTailShape(std::string_view name) {
 // Where the longest run of last characters begins that is numeric, as every shorter run is. An exponent never
 // gets into it: in "1E5" the run ends before "E5", which is no number.
 std::size_t NumericTailStart(std::string_view name) {
+    constexpr std::size_t DigitsOfLargestNumber = 309;
     std::size_t start = NumericTailShape(name);
-    if (start == name.size() || IsNumericText(name.substr(start))) return start;
+    if (name.size() - start < DigitsOfLargestNumber || IsNumericText(name.substr(start))) return start;
     // Hundreds of digits, too large a number: each digit less makes it smaller, down to the last one.
     std::size_t numeric = name.size() - 1;
     while (start + 1 < numeric) {
@@ -161,26 +171,27 @@ std::size_t NumericTailStart(std::string_view name) {
     return numeric;
 }
 
-std::string PointNameMath(std::string_view value, double operand, std::string_view mathOperator) {
-    const std::size_t tail = NumericTailStart(value);
-    if (tail == value.size()) return std::string(value);
-    const double number = Integer32FromText(value.substr(tail));
-    const double result = Combined(number, mathOperator, operand);
-    std::string name(value.substr(0, tail));
+std::string PointNameMath(const Arithmetic& math) {
+    const std::size_t tail = NumericTailStart(math.value);
+    if (tail == math.value.size()) return std::string(math.value);
+    const double number = Integer32FromText(math.value.substr(tail));
+    const double result = Combined(number, math.mathOperator, math.operand);
+    std::string name(math.value.substr(0, tail));
     name += std::to_string(Integer32FromNumber(result));
     if (name.size() <= LongestPointName) return name;
     TellFault("Point ID Assignment Error.", "Invalid Point ID");
-    return std::string(value);
+    return std::string(math.value);
 }
 
 struct ClassMath {
     std::string_view mathType;
-    std::string (*apply)(std::string_view value, double operand, std::string_view mathOperator);
+    bool needsNumber;
+    std::string (*apply)(const Arithmetic& math);
 };
 
 constexpr ClassMath ClassMaths[] = {
-    {"Math", NumberMath},     {"Seconds", SecondsMath},   {"Angle", AngleMath},
-    {"Bearing", BearingMath}, {"PointID", PointNameMath},
+    {"Math", true, NumberMath},      {"Seconds", true, SecondsMath},    {"Angle", true, AngleMath},
+    {"Bearing", false, BearingMath}, {"PointID", false, PointNameMath},
 };
 
 }  // namespace
@@ -194,12 +205,24 @@ std::string_view ClassifyMathTag(std::string_view tag) {
     return {};
 }
 
+std::optional<std::string> TryTagMath(std::string_view value, double mathValue, std::string_view mathOperator,
+                                      std::string_view mathType) {
+    for (const ClassMath& row : ClassMaths) {
+        if (row.mathType != mathType) continue;
+        const std::optional<double> number = row.needsNumber ? ParseNumber(value) : NoValue;
+        if (!number) return std::nullopt;
+        if (value.empty() || value == NoValueText) break;
+        return row.apply({value, *number, mathOperator, mathValue});
+    }
+    return std::string(value);
+}
+
 std::string ApplyTagMath(std::string_view value, double mathValue, std::string_view mathOperator,
                          std::string_view mathType) {
-    if (value.empty() || value == NoValueText) return std::string(value);
-    for (const ClassMath& row : ClassMaths)
-        if (row.mathType == mathType) return row.apply(value, mathValue, mathOperator);
-    return std::string(value);
+    if (value.empty()) return {};
+    const std::optional<std::string> result = TryTagMath(value, mathValue, mathOperator, mathType);
+    if (!result) RaiseFault(Fault::TypeMismatch);
+    return *result;
 }
 
 }  // namespace tarvek

@@ -2,6 +2,7 @@
 // Arithmetic on the value of a tagged item, by the kind of quantity that the tag holds: a plain number,
 // seconds of arc, a packed angle, a quadrant bearing or a point name.
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,10 +21,14 @@ std::string_view ClassifyMathTag(std::string_view tag);
 // 8 characters is told ("Point ID Assignment Error." / "Invalid Point ID") and the old name kept; a name with
 // no number at its end comes back unchanged.
 //
-// Faults: Fault::DivisionByZero for a divisor of zero, Fault::Overflow for a result that is not finite, a
-// point number beyond 32 bits and an angle too large for full circles to be taken off, and those of the angle
-// parser.
+// Faults: Fault::TypeMismatch for a number, seconds or an angle that is not numeric, Fault::DivisionByZero
+// for a divisor of zero, Fault::Overflow for a result that is not finite, a point number beyond 32 bits and
+// an angle too large for full circles to be taken off, and those of the angle parser.
 std::string ApplyTagMath(std::string_view value, double mathValue, std::string_view mathOperator,
                          std::string_view mathType);
+// The same for a value that nobody has looked at yet: nothing where it must be numeric and is not. The empty
+// value is not numeric.
+std::optional<std::string> TryTagMath(std::string_view value, double mathValue, std::string_view mathOperator,
+                                      std::string_view mathType);
 
 }  // namespace tarvek

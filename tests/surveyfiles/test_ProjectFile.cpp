@@ -82,7 +82,8 @@ TEST_F(ProjectFile, GeographicSetPrintsItsPositionsWhateverTheOptionsSay) {
     EXPECT_EQ(Written().find("LT:"), std::string::npos);
     tables.OutputHeader.System.CS = GeographicSystem;
     const std::string text = Written();
-    // 0.5 rad is 28.647889757 degrees to 9 decimals, 28 38 52.4031252; 1.5 rad is 85.943669270, 85 56 37.209372.
+    // 0.5 rad is 28.647889757 degrees to 9 decimals, 28 38 52.4031252; 1.5 rad is 85.943669270, 85
+    // 56 37.209372.
     EXPECT_NE(text.find("LT:28.385240313\nLG:85.563720937\n"), std::string::npos) << text;
     ExpectNothingTold(prompts);
 }

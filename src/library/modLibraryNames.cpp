@@ -1,0 +1,29 @@
+#include "library/modLibraryNames.hpp"
+
+namespace tarvek {
+namespace {
+
+constexpr Projection TheProjections[] = {
+    {"Transverse Mercator", ProjectionGroup::OneParallel},
+    {"Lambert Conformal Conic - One Parallel", ProjectionGroup::OneParallel},
+    {"Lambert Conformal Conic - Two Parallels", ProjectionGroup::TwoParallels},
+    {"Oblique Mercator - Hotine", ProjectionGroup::Hotine},
+    {"Transverse Mercator - NAD 27 Equations", ProjectionGroup::OneParallel},
+    {"Lambert Conformal Conic - NAD 27 Equations", ProjectionGroup::TwoParallels},
+};
+
+}  // namespace
+
+std::span<const Projection> Projections() { return TheProjections; }
+
+const Projection* FindProjection(std::string_view name) {
+    for (const Projection& projection : TheProjections)
+        if (projection.name == name) return &projection;
+    return nullptr;
+}
+
+std::string ZoneSection(std::string_view coordinateSystem, std::string_view zone) {
+    return (std::string(coordinateSystem) += ZoneSeparator).append(zone);
+}
+
+}  // namespace tarvek

@@ -1,0 +1,5 @@
+AC:PR
+AC:OS
+PN:A
+LT:45.6000
+LG:90.1

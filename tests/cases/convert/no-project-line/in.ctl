@@ -1,0 +1,5 @@
+AC:OS
+PN:A
+YC:1
+XC:2
+ZC:3

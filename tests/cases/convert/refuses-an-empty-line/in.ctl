@@ -1,0 +1,5 @@
+AC:PR
+AC:OS
+PN:A
+
+PN:B

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+YY:1.5

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+ZZ:1.5

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+HE:12 34

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+LG:12 34

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+SF:12 34

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+SX:12 34

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+SZ:12 34

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+XC:12 34

@@ -1,0 +1,4 @@
+AC:PR
+AC:OS
+PN:A
+ZC:12 34

@@ -1,0 +1,14 @@
+AC:PR
+UL:F
+VR:Tarvek Translator {version}
+DT:02/02/2026
+AC:OS
+PN:A
+YC:3937.0000
+XC:39.3700
+ZC:3.9370
+AC:OS
+PN:B
+YC:1.0000
+XC:2.0000
+ZC:3.0000

@@ -1,0 +1,13 @@
+AC:PR
+UL:M
+AC:OS
+PN:A
+YC:1200
+XC:12
+ZC:1.2
+AC:OS
+PN:B
+UL:F
+YC:1
+XC:2
+ZC:3

@@ -1,0 +1,9 @@
+PR:Straße
+AC:PR
+UL:M
+AC:OS
+PN:ÄÖ
+YC:1
+XC:2
+ZC:3
+CM:12°

@@ -1,0 +1,5 @@
+AC:PR
+AC:OS
+PN:100
+AC:OS
+PN:2
