@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 namespace tarvek {
@@ -37,15 +38,21 @@ std::optional<Utf8Sequence> SequenceAt(std::string_view bytes, std::size_t at) {
     return Utf8Sequence{length, code};
 }
 
-// ASCII letters in upper case, every other byte as it is.
-constexpr std::array<char, 256> UpperCaseTable = [] {
-    std::array<char, 256> table{};
-    for (std::size_t byte = 0; byte < table.size(); ++byte)
-        table[byte] = static_cast<char>(byte >= 'a' && byte <= 'z' ? byte - 'a' + 'A' : byte);
-    return table;
-}();
+char UpperCaseAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
-// What the table leaves: the accented letters.
+constexpr std::uint64_t EachByte = 0x0101010101010101U;
+constexpr std::uint64_t HighBits = 0x80 * EachByte;
+
+// Eight characters at once: the high bit of a byte is set where it lies from "a" to "z", and becomes the bit
+// that parts the cases. Bytes beyond ASCII stay as they are.
+std::uint64_t UpperCaseEight(std::uint64_t eight) {
+    const std::uint64_t low = eight & ~HighBits;
+    const std::uint64_t fromA = low + (0x80 - 'a') * EachByte;
+    const std::uint64_t beyondZ = low + (0x80 - 'z' - 1) * EachByte;
+    return eight - ((fromA & ~beyondZ & ~eight & HighBits) >> 2);
+}
+
+// The accented letters; every other byte as it is.
 char UpperCase1252(char c) {
     const auto byte = static_cast<Byte>(c);
     if (byte == 0x9A || byte == 0x9C || byte == 0x9E) return static_cast<char>(byte - 0x10);
@@ -110,13 +117,19 @@ std::string Utf8FromBytes(std::string_view bytes) {
 }
 
 void UpperCase(char* text, std::size_t size) {
-    Byte allBytes = 0;
-    for (std::size_t i = 0; i < size; ++i) {
-        const auto byte = static_cast<Byte>(text[i]);
-        allBytes |= byte;
-        text[i] = UpperCaseTable[byte];
+    std::uint64_t allBytes = 0;
+    std::size_t at = 0;
+    for (std::uint64_t eight = 0; at + sizeof eight <= size; at += sizeof eight) {
+        std::memcpy(&eight, text + at, sizeof eight);
+        allBytes |= eight;
+        eight = UpperCaseEight(eight);
+        std::memcpy(text + at, &eight, sizeof eight);
     }
-    if (allBytes < 0x80 || IsValidUtf8({text, size})) return;
+    for (; at < size; ++at) {
+        allBytes |= static_cast<Byte>(text[at]);
+        text[at] = UpperCaseAscii(text[at]);
+    }
+    if ((allBytes & HighBits) == 0 || IsValidUtf8({text, size})) return;
     for (std::size_t i = 0; i < size; ++i) text[i] = UpperCase1252(text[i]);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/modNumbers.hpp"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -12,13 +13,23 @@
 namespace tarvek {
 namespace {
 
+constexpr auto PowersOfTen = [] {
+    std::array<std::uint64_t, 16> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
+
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Where the parts of a number at the beginning of a text lie.
+// Where the parts of a number at the beginning of a text lie, and its digits.
 struct NumberShape {
     std::size_t unsignedStart = 0;  // behind the sign
     std::size_t end = 0;            // behind the last character of the number; 0 where there is none
     bool negative = false;
+    bool hasExponent = false;
+    std::size_t digits = 0;      // of the mantissa, leading zeros among them
+    std::size_t decimals = 0;    // those of them behind the point
+    std::uint64_t mantissa = 0;  // their value, where they are no more than 19
 };
 
 NumberShape FindNumber(std::string_view text) {
@@ -31,17 +42,25 @@ NumberShape FindNumber(std::string_view text) {
         while (at < text.size() && IsDigit(text[at])) ++at;
         return at - from;
     };
-    std::size_t digits = skipDigits();
+    const auto takeDigits = [&] {
+        const std::size_t from = at;
+        for (; at < text.size() && IsDigit(text[at]); ++at)
+            shape.mantissa = shape.mantissa * 10 + static_cast<std::uint64_t>(text[at] - '0');
+        return at - from;
+    };
+    shape.digits = takeDigits();
     if (at < text.size() && text[at] == '.') {
         ++at;
-        digits += skipDigits();
+        shape.decimals = takeDigits();
+        shape.digits += shape.decimals;
     }
-    if (digits == 0) return shape;
+    if (shape.digits == 0) return shape;
     shape.end = at;
     if (at < text.size() && (text[at] == 'E' || text[at] == 'e')) {
         ++at;
         if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
-        if (skipDigits() > 0) shape.end = at;
+        shape.hasExponent = skipDigits() > 0;
+        if (shape.hasExponent) shape.end = at;
     }
     return shape;
 }
@@ -62,7 +81,18 @@ bool IsTooSmall(std::string_view number) {
     return power + (negativeExponent ? -exponent : exponent) < 0;
 }
 
+// The value of a number of up to 15 digits without exponent: whole number and power of ten are exact doubles,
+// and so their quotient is the nearest one. (W. D. Clinger, How to Read Floating Point Numbers Accurately,
+// 1990.)
+std::optional<double> ShortValueOf(const NumberShape& shape) {
+    if (shape.hasExponent || shape.digits > 15) return std::nullopt;
+    const double value =
+        static_cast<double>(shape.mantissa) / static_cast<double>(PowersOfTen[shape.decimals]);
+    return shape.negative ? -value : value;
+}
+
 std::optional<double> ValueOf(std::string_view text, const NumberShape& shape) {
+    if (const std::optional<double> value = ShortValueOf(shape)) return value;
     const std::string_view number = text.substr(shape.unsignedStart, shape.end - shape.unsignedStart);
     double value = 0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
@@ -80,23 +110,6 @@ Integer RoundToInteger(double value) {
         RaiseFault(Fault::Overflow);
     return static_cast<Integer>(rounded);
 }
-
-constexpr std::uint64_t PowersOfTen[] = {1,
-                                         10,
-                                         100,
-                                         1000,
-                                         10000,
-                                         100000,
-                                         1000000,
-                                         10000000,
-                                         100000000,
-                                         1000000000,
-                                         10000000000,
-                                         100000000000,
-                                         1000000000000,
-                                         10000000000000,
-                                         100000000000000,
-                                         1000000000000000};
 
 void AppendDigits(std::string& out, std::uint64_t whole, std::size_t decimals) {
     char digits[24];
@@ -117,7 +130,7 @@ void AppendDigits(std::string& out, std::uint64_t whole, std::size_t decimals) {
 // The fast road for the numbers of a survey: |value| * 10^decimals is formed exactly in 128 bits and rounded
 // there. False where the value is too large or the decimals too many for that.
 bool AppendFixedExactly(std::string& out, double value, std::size_t decimals) {
-    if (decimals >= std::size(PowersOfTen)) return false;
+    if (decimals >= PowersOfTen.size()) return false;
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const int exponent = static_cast<int>(bits >> 52 & 0x7FF) - 1075;
     if (exponent > -1 || exponent < -1074) return false;  // 2^52 and more, subnormal or not finite
