@@ -21,6 +21,8 @@ header_exists() { [[ -e /usr/include/$1 || -e /usr/local/include/$1 ]]; }
 package_present() {
     case $1 in
         ninja-build) command -v ninja ;;
+        proj-bin) command -v projinfo ;;
+        proj-data) [[ -e /usr/share/proj/nad83 || -e /usr/local/share/proj/nad83 ]] ;;
         libcli11-dev) header_exists CLI/CLI.hpp ;;
         nlohmann-json3-dev) header_exists nlohmann/json.hpp ;;
         libgtest-dev) header_exists gtest/gtest.h ;;

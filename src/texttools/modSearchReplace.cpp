@@ -1,5 +1,6 @@
 #include "texttools/modSearchReplace.hpp"
 
+#include <algorithm>
 #include <bitset>
 #include <cstdint>
 #include <cstring>
@@ -7,6 +8,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "platform/modCodePage.hpp"
@@ -235,6 +237,8 @@ void ChangeText(const SearchReplaceCommand& command, std::string_view value, std
     }
 }
 
+bool IsArithmetic(const SearchReplaceCommand& command) { return !command.MathOperator.empty(); }
+
 // Applies a command to a line whose key fits. False where the command failed and the run ends.
 bool ApplyToLine(const SearchReplaceCommand& command, LineBlock& block, std::size_t index) {
     const std::string_view line = block.Line(index);
@@ -242,7 +246,7 @@ bool ApplyToLine(const SearchReplaceCommand& command, LineBlock& block, std::siz
     const bool isDecidedByKey = tagLength <= sizeof(Key) && line.size() >= tagLength;
     if (!isDecidedByKey && !line.starts_with(command.FindTag)) return true;
     const std::string_view value = ColumnsFrom(line, tagLength + 2);  // behind tag and colon
-    if (!command.MathOperator.empty()) {
+    if (IsArithmetic(command)) {
         if (!ChangeByArithmetic(command, value, State.changedLine)) return false;
     } else {
         if (!value.starts_with(command.FindValue)) return true;
@@ -277,10 +281,31 @@ bool ApplyToBlock(const SearchReplaceCommand& command, LineBlock& block) {
     return true;
 }
 
-bool ApplyToAllLines(const SearchReplaceCommand& command) {
-    if (!State.lines.MayHold(command.FindTag)) return true;
+using Commands = std::span<const SearchReplaceCommand>;
+
+// The commands at the beginning that may be taken together, block by block: those without arithmetic, which
+// can neither fail nor tell anything, so that nobody sees their order across lines. Any other goes alone over
+// all lines.
+Commands FirstRun(Commands commands) {
+    const auto end = std::find_if(commands.begin(), commands.end(), IsArithmetic);
+    const auto count = static_cast<std::size_t>(end - commands.begin());
+    return commands.first(count > 0 ? count : 1);
+}
+
+// False where a command failed.
+bool ApplyToAllLines(Commands run) {
     for (LineBlock& block : State.lines.blocks)
-        if (!ApplyToBlock(command, block)) return false;
+        for (const SearchReplaceCommand& command : run)
+            if (State.lines.MayHold(command.FindTag) && !ApplyToBlock(command, block)) return false;
+    return true;
+}
+
+bool ApplyCommands(Commands commands) {
+    while (!commands.empty()) {
+        const Commands run = FirstRun(commands);
+        if (!ApplyToAllLines(run)) return false;
+        commands = commands.subspan(run.size());
+    }
     return true;
 }
 
@@ -297,9 +322,7 @@ void WriteLine(TextFileOut& file, std::string_view line) {
 bool RunSearchReplace(const std::string& inputFile, const std::string& outputFile,
                       const std::string& trnFile) {
     if (!ReadSearchInput(inputFile) || !ReadTrnFile(trnFile)) return false;
-    if (State.HasCommands)
-        for (const SearchReplaceCommand& command : State.commands)
-            if (!ApplyToAllLines(command)) return false;
+    if (State.HasCommands && !ApplyCommands(State.commands)) return false;
     return WriteSearchOutput(outputFile);
 }
 
