@@ -1,9 +1,11 @@
 // tarvek: what the desktop program can do, without a window, for scripts, servers and tests.
 
 #include <CLI/CLI.hpp>
-#include <iostream>
+#include <memory>
+#include <string>
 
 #include "cli/modCommands.hpp"
+#include "cli/modLibraryCommands.hpp"
 #include "platform/modTrap.hpp"
 
 namespace {
@@ -26,17 +28,94 @@ void AddRunOptions(CLI::App& command, RunOptions& options) {
                      "Draw a progress bar, or none; by default on a terminal, for work over half a second");
 }
 
-// The type that an option names, or else the extension of the path.
+// The type that an option names, or else the extension of the path; it must have the routine.
 const FileType& ChooseType(const std::string& key, const std::string& path, const char* option,
-                           FileRoutine FileType::*routine, const std::string& known) {
+                           FileRoutine FileType::*routine) {
+    const std::string known = KeysWith(routine);
     const FileType* type = key.empty() ? FileTypeOfPath(path) : FileTypeOfKey(key);
     if (type == nullptr && key.empty())
         throw CLI::ValidationError(option,
                                    "the name '" + path + "' does not tell the format; name one of: " + known);
+    if (type != nullptr && type->*routine == nullptr && type->writeConverted != nullptr)
+        throw CLI::ValidationError(
+            option,
+            "'" + std::string(type->key) + "' is written only with an output system: --out-cs and the like");
     if (type == nullptr || type->*routine == nullptr)
         throw CLI::ValidationError(
             option, "not '" + (key.empty() ? std::string(type->key) : key) + "', but one of: " + known);
     return *type;
+}
+
+void AddOutputSystemOptions(CLI::App& command, OutputSystemOptions& options) {
+    CoordSystemRef& system = options.system;
+    command.add_option("--out-cs", system.CS, "Coordinate system of OUTPUT; by default that of INPUT");
+    command.add_option("--out-zone", system.ZN, "Zone");
+    command.add_option("--out-hd", system.HD, "Horizontal datum");
+    command.add_option("--out-hunits", system.HorizontalUnits, "Horizontal unit");
+    command.add_option("--out-vd", system.VD, "Vertical datum");
+    command.add_option("--out-vunits", system.VerticalUnits, "Vertical unit");
+    command.add_flag("!--no-scale", options.scale, "Leave scale factors out");
+    command.add_flag("!--no-convergence", options.convergence, "Leave convergence angles out");
+    command.add_flag("--lat-long", options.latLong, "Write latitudes and longitudes too");
+}
+
+// Every command is added with what it takes and what it does; `status` is what its run comes to.
+
+void AddConvertCommand(CLI::App& app, int& status) {
+    struct Arguments {
+        ConvertOptions options;
+        std::string from;
+        std::string to;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    ConvertOptions& options = arguments->options;
+    CLI::App& command = *app.add_subcommand("convert", "Read a survey file and write it in another format");
+    AddRunOptions(command, options);
+    command.add_option("--from", arguments->from,
+                       "Format of INPUT (" + KeysWith(&FileType::read) + "); default by extension");
+    command.add_option("--to", arguments->to,
+                       "Format of OUTPUT (" + KeysWith(&FileType::write) + "; with an output system " +
+                           KeysWith(&FileType::writeConverted) + "); default by extension");
+    command.add_option("--report", options.report, "Write what happened to this file, as JSON");
+    AddOutputSystemOptions(command, options.outputSystem);
+    command.footer(
+        "Example: turn the data sheets that NGS has sent into a control file\n"
+        "  tarvek convert datasheets.txt control.ctl\n"
+        "The same in a script, with the output replaced and datum conflicts accepted\n"
+        "  tarvek convert datasheets.txt control.ctl --force --yes --report run.json");
+    command.callback([arguments, &options, &status] {
+        options.from = &ChooseType(arguments->from, options.input, "--from", &FileType::read);
+        options.to =
+            &ChooseType(arguments->to, options.output, "--to",
+                        options.outputSystem.IsGiven() ? &FileType::writeConverted : &FileType::write);
+        status = RunConvertCommand(options);
+    });
+}
+
+void AddReplaceCommand(CLI::App& app, int& status) {
+    const auto options = std::make_shared<ReplaceOptions>();
+    CLI::App& command =
+        *app.add_subcommand("replace", "Apply a search-and-replace file to a tagged survey file");
+    AddRunOptions(command, *options);
+    command.add_option("TRN", options->trnFile, "Search-and-replace file (*.TRN)")->required();
+    command.footer(
+        "Example: drop the comments of a control file\n"
+        "  tarvek replace control.ctl plain.ctl DropComments.TRN");
+    command.callback([options, &status] { status = RunReplaceCommand(*options); });
+}
+
+void AddLibraryCommands(CLI::App& app, int& status) {
+    const auto system = std::make_shared<std::string>();
+    CLI::App& zones = *app.add_subcommand("zones", "List the zones of the library, tab-separated");
+    zones.add_option("CS", *system, "Only those of this coordinate system, such as SPC83");
+    zones.callback([system, &status] { status = ListZones(*system); });
+    app.add_subcommand("datums", "List the datums of the library, tab-separated")->callback([&status] {
+        status = ListDatums();
+    });
+    app.add_subcommand("ellipsoids", "List the ellipsoids of the library, tab-separated")
+        ->callback([&status] { status = ListEllipsoids(); });
+    app.add_subcommand("check", "Name every fault in the library and the translator definitions")
+        ->callback([&status] { status = CheckLibraryCommand(); });
 }
 
 // Names the word that is no command, where the parser would only say that one is missing.
@@ -51,42 +130,17 @@ int RunCommandLine(int argc, char** argv) {
     CLI::App app("Tarvek Translator: carries survey points from one file format to another.", "tarvek");
     app.set_version_flag("--version", "tarvek " TARVEK_VERSION);
     app.require_subcommand(1);
-
-    ConvertOptions convert;
-    std::string from;
-    std::string to;
-    CLI::App& convertCommand =
-        *app.add_subcommand("convert", "Read a survey file and write it in another format");
-    AddRunOptions(convertCommand, convert);
-    convertCommand.add_option("--from", from,
-                              "Format of INPUT (" + ReadableKeys() + "); default by extension");
-    convertCommand.add_option("--to", to, "Format of OUTPUT (" + WritableKeys() + "); default by extension");
-    convertCommand.add_option("--report", convert.report, "Write what happened to this file, as JSON");
-    convertCommand.footer(
-        "Example: turn the data sheets that NGS has sent into a control file\n"
-        "  tarvek convert datasheets.txt control.ctl\n"
-        "The same in a script, with the output replaced and datum conflicts accepted\n"
-        "  tarvek convert datasheets.txt control.ctl --force --yes --report run.json");
-
-    ReplaceOptions replace;
-    CLI::App& replaceCommand =
-        *app.add_subcommand("replace", "Apply a search-and-replace file to a tagged survey file");
-    AddRunOptions(replaceCommand, replace);
-    replaceCommand.add_option("TRN", replace.trnFile, "Search-and-replace file (*.TRN)")->required();
-    replaceCommand.footer(
-        "Example: drop the comments of a control file\n"
-        "  tarvek replace control.ctl plain.ctl \"Drop Comments.TRN\"");
-
+    int status = 0;
+    AddConvertCommand(app, status);
+    AddReplaceCommand(app, status);
+    AddLibraryCommands(app, status);
     try {
         RequireKnownCommand(app, argc, argv);
         app.parse(argc, argv);
-        if (replaceCommand.parsed()) return RunReplaceCommand(replace);
-        convert.from = &ChooseType(from, convert.input, "--from", &FileType::read, ReadableKeys());
-        convert.to = &ChooseType(to, convert.output, "--to", &FileType::write, WritableKeys());
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : WrongUsage;
     }
-    return RunConvertCommand(convert);
+    return status;
 }
 
 }  // namespace

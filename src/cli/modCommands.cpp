@@ -2,8 +2,11 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+
 #include "cli/modRunReport.hpp"
 #include "cli/modStandardStreams.hpp"
+#include "driver/modMultiPoint.hpp"
 #include "driver/modTranslate.hpp"
 #include "platform/modPaths.hpp"
 #include "platform/modProgress.hpp"
@@ -63,16 +66,41 @@ bool ReadInput(const FileType& type, const std::string& path, FileReport& report
     return true;
 }
 
-bool WriteOutput(const FileType& type, const std::string& path, FileReport& report) {
+constexpr std::string CoordSystemRef::*SystemMembers[] = {
+    &CoordSystemRef::CS, &CoordSystemRef::ZN,           &CoordSystemRef::HD, &CoordSystemRef::HorizontalUnits,
+    &CoordSystemRef::VD, &CoordSystemRef::VerticalUnits};
+
+// Fills the output tables, by way of a coordinate conversion where an output system is given.
+bool FillOutput(const OutputSystemOptions& options) {
+    SurveyTables& tables = Tables();
+    if (!options.IsGiven()) {
+        CopyInputToOutput();
+        return true;
+    }
+    tables.Options.ComputeScale = options.scale;
+    tables.Options.ComputeConvergence = options.convergence;
+    tables.Options.ComputeLatLong = options.latLong;
+    CoordSystemRef output = tables.InputHeader.System;
+    for (const auto member : SystemMembers)
+        if (!(options.system.*member).empty()) output.*member = options.system.*member;
+    return ConvertInputToOutput(output);
+}
+
+bool WriteOutput(FileRoutine write, const std::string& path, FileReport& report) {
     const SurveyTables& tables = Tables();
     report.system = tables.OutputHeader.System;  // as it was before a writer shortens its units
-    if (!type.write(path)) return false;
+    if (!write(path)) return false;
     report.points = tables.OutputPoints.size();
     report.chains = tables.OutputChains.size();
     return true;
 }
 
 }  // namespace
+
+bool OutputSystemOptions::IsGiven() const {
+    return std::any_of(std::begin(SystemMembers), std::end(SystemMembers),
+                       [this](auto member) { return !(system.*member).empty(); });
+}
 
 int RunConvertCommand(const ConvertOptions& options) {
     const AnsweringPrompts prompts(options.answers);
@@ -83,8 +111,10 @@ int RunConvertCommand(const ConvertOptions& options) {
     report.output.format = options.to->key;
     const int status = RunTranslation(options, [&](const std::string& input, const std::string& output) {
         if (!ReadInput(*options.from, input, report.input)) return false;
-        CopyInputToOutput();
-        return WriteOutput(*options.to, output, report.output);
+        if (!FillOutput(options.outputSystem)) return false;
+        const bool isConverted = options.outputSystem.IsGiven();
+        return WriteOutput(isConverted ? options.to->writeConverted : options.to->write, output,
+                           report.output);
     });
     if (options.report.empty()) return status;
     report.done = status == Done;

@@ -7,6 +7,7 @@
 
 #include "cli/modAnsweringPrompts.hpp"
 #include "driver/modFileTypes.hpp"
+#include "surveyfiles/modSurveyRecords.hpp"
 
 namespace tarvek {
 
@@ -19,10 +20,22 @@ struct RunOptions {
     std::optional<bool> progress;  // whether a bar is drawn; on a terminal where not said
 };
 
+// The coordinate system to carry the points to. What is left out stays as the input's; with anything given
+// the file goes by way of a coordinate conversion.
+struct OutputSystemOptions {
+    CoordSystemRef system;
+    bool scale = true;
+    bool convergence = true;
+    bool latLong = false;
+
+    bool IsGiven() const;
+};
+
 struct ConvertOptions : RunOptions {
     const FileType* from = nullptr;
     const FileType* to = nullptr;
     std::string report;  // path of the JSON report, or empty
+    OutputSystemOptions outputSystem;
 };
 
 struct ReplaceOptions : RunOptions {

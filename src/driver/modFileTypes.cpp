@@ -9,27 +9,21 @@ namespace tarvek {
 namespace {
 
 constexpr FileType FileTypes[] = {
-    {"NGS Data Sheets (*.TXT)", "ngs", ReadNGSFile, nullptr},
-    {"NGS Data Sheets (*.HTM)", "ngs", ReadNGSFile, nullptr},
-    {"NGS Data Sheets (*.DAT)", "ngs", ReadNGSFile, nullptr},
-    {"Tarvek Control Files (*.CTL)", "ctl", ReadControlFile, WriteControlFile},
+    {"NGS Data Sheets (*.TXT)", "ngs", ReadNGSFile, nullptr, nullptr},
+    {"NGS Data Sheets (*.HTM)", "ngs", ReadNGSFile, nullptr, nullptr},
+    {"NGS Data Sheets (*.DAT)", "ngs", ReadNGSFile, nullptr, nullptr},
+    {"Tarvek Control Files (*.CTL)", "ctl", ReadControlFile, WriteControlFile, WriteControlFile},
+    {"Tarvek Points and Chains Files (*.PAC)", "pac", ReadPointsAndChainsFile, WritePointsAndChainsFile,
+     WritePointsAndChainsFile},
+    {"Tarvek Project Files (*.PRJ)", "prj", ReadProjectFile, nullptr, WriteProjectFile},
+    {"Tarvek Edited Project Files (*.EDI)", "edi", ReadProjectFile, nullptr, WriteProjectFile},
+    {"Tarvek Calculated Files (*.CAL)", "cal", ReadProjectFile, nullptr, WriteProjectFile},
 };
 
 // The extension of a label, with its point: what lies between "*" and ")".
 std::string_view ExtensionOf(std::string_view label) {
     const std::size_t star = label.rfind('*');
     return label.substr(star + 1, label.size() - star - 2);
-}
-
-std::string JoinKeys(FileRoutine FileType::*routine) {
-    std::string keys;
-    std::string_view last;
-    for (const FileType& type : FileTypes) {
-        if (type.*routine == nullptr || type.key == last) continue;
-        keys.append(keys.empty() ? "" : " ").append(type.key);
-        last = type.key;
-    }
-    return keys;
 }
 
 }  // namespace
@@ -55,7 +49,15 @@ const FileType* FileTypeOfPath(std::string_view path) {
     return nullptr;
 }
 
-std::string ReadableKeys() { return JoinKeys(&FileType::read); }
-std::string WritableKeys() { return JoinKeys(&FileType::write); }
+std::string KeysWith(FileRoutine FileType::*routine) {
+    std::string keys;
+    std::string_view last;
+    for (const FileType& type : FileTypes) {
+        if (type.*routine == nullptr || type.key == last) continue;
+        keys.append(keys.empty() ? "" : " ").append(type.key);
+        last = type.key;
+    }
+    return keys;
+}
 
 }  // namespace tarvek

@@ -25,6 +25,21 @@ TEST(FileTypes, AreFoundByTheirWholeLabel) {
     EXPECT_EQ(control->key, "ctl");
     EXPECT_EQ(control->read, ReadControlFile);
     EXPECT_EQ(control->write, WriteControlFile);
+    const FileType* pointsAndChains = FileTypeOfLabel("Tarvek Points and Chains Files (*.PAC)");
+    ASSERT_NE(pointsAndChains, nullptr);
+    EXPECT_EQ(pointsAndChains->read, ReadPointsAndChainsFile);
+    EXPECT_EQ(pointsAndChains->write, WritePointsAndChainsFile);
+}
+
+TEST(FileTypes, ProjectFilesAreWrittenOnlyAfterAConversion) {
+    for (const char* label : {"Tarvek Project Files (*.PRJ)", "Tarvek Edited Project Files (*.EDI)",
+                              "Tarvek Calculated Files (*.CAL)"}) {
+        const FileType* type = FileTypeOfLabel(label);
+        ASSERT_NE(type, nullptr) << label;
+        EXPECT_EQ(type->read, ReadProjectFile);
+        EXPECT_EQ(type->write, nullptr);
+        EXPECT_EQ(type->writeConverted, WriteProjectFile);
+    }
 }
 
 TEST(FileTypes, AreNotFoundByAnyOtherLabel) {
@@ -78,10 +93,10 @@ void ExpectKeysThatWork(const std::string& keys, FileRoutine FileType::*routine)
 }
 
 TEST(FileTypes, NameTheKeysForHelpTexts) {
-    ExpectKeysThatWork(ReadableKeys(), &FileType::read);
-    ExpectKeysThatWork(WritableKeys(), &FileType::write);
-    EXPECT_NE((" " + ReadableKeys() + " ").find(" ngs "), std::string::npos);
-    EXPECT_EQ((" " + WritableKeys() + " ").find(" ngs "), std::string::npos);
+    ExpectKeysThatWork(KeysWith(&FileType::read), &FileType::read);
+    ExpectKeysThatWork(KeysWith(&FileType::write), &FileType::write);
+    EXPECT_NE((" " + KeysWith(&FileType::read) + " ").find(" ngs "), std::string::npos);
+    EXPECT_EQ((" " + KeysWith(&FileType::write) + " ").find(" ngs "), std::string::npos);
 }
 
 }  // namespace

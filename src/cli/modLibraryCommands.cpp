@@ -1,0 +1,74 @@
+#include "cli/modLibraryCommands.hpp"
+
+#include <cstdio>
+#include <initializer_list>
+#include <span>
+
+#include "library/modComboBoxList.hpp"
+#include "library/modINIFile.hpp"
+#include "library/modINIText.hpp"
+#include "library/modLibraryCheck.hpp"
+#include "library/modLibraryFiles.hpp"
+#include "library/modMisc.hpp"
+#include "platform/modCodePage.hpp"
+#include "platform/modPrompts.hpp"
+#include "platform/modText.hpp"
+
+namespace tarvek {
+namespace {
+
+void PrintRow(std::initializer_list<std::string_view> columns) {
+    std::string row;
+    for (const std::string_view column : columns)
+        row.append(row.empty() ? "" : "\t").append(TerminalText(column));
+    std::puts(row.c_str());
+}
+
+// Prints the section's name, then the values of `keys`.
+void PrintSections(const std::string& file, std::initializer_list<std::string_view> keys) {
+    const INIView view(ReadINIFile(file));
+    for (const INISection& section : view.Sections()) {
+        std::string row = TerminalText(section.name);
+        for (const std::string_view key : keys) row += '\t' + TerminalText(view.Value(section.name, key));
+        std::puts(row.c_str());
+    }
+}
+
+}  // namespace
+
+int ListZones(const std::string& coordinateSystem) {
+    ComboBoxList systems;
+    LOAD_CS_ComboBoxList(systems);
+    SET_ComboBoxText(systems, coordinateSystem);
+    if (!coordinateSystem.empty() && systems.ListIndex() < 0) {
+        TellFault("The library has no coordinate system '" + coordinateSystem + "'.");
+        return 1;
+    }
+    const INIView zones(ReadINIFile(ZonesFile()));
+    for (const INISection& section : zones.Sections()) {
+        const std::optional<ZoneName> name = SplitZoneSection(section.name);
+        if (!name || (!coordinateSystem.empty() && Trim(name->coordinateSystem) != systems.Text())) continue;
+        const auto value = [&](std::string_view key) { return zones.Value(section.name, key); };
+        PrintRow({Trim(name->coordinateSystem), Trim(name->zone), value("Projection"),
+                  value("Horizontal Datum"), value("Linear Units"), value("Full Name")});
+    }
+    return 0;
+}
+
+int ListDatums() {
+    PrintSections(DatumsFile(), {"Type", "Ellipsoid", "Full Name"});
+    return 0;
+}
+
+int ListEllipsoids() {
+    PrintSections(EllipsoidsFile(), {"Semimajor Axis", "Semiminor Axis", "Flattening", "Full Name"});
+    return 0;
+}
+
+int CheckLibraryCommand() {
+    const std::vector<LibraryFault> faults = CheckLibrary();
+    for (const LibraryFault& fault : faults) PrintRow({fault.file, fault.section, fault.key, fault.text});
+    return faults.empty() ? 0 : 1;
+}
+
+}  // namespace tarvek
