@@ -1,0 +1,3 @@
+AC:PR
+AC:PD
+XC:1

@@ -1,0 +1,3 @@
+AC:PR
+AC:OS
+PN:1

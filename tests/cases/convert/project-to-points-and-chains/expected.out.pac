@@ -1,0 +1,16 @@
+AC:PR
+UL:M
+VR:Tarvek Translator {version}
+DT:02/02/2026
+AC:PD
+PN:1
+YY:2.0000
+XX:1.0000
+ZZ:3.0000
+GM:P
+AC:PD
+PN:2
+YY:5.0000
+XX:4.0000
+ZZ:6.0000
+GM:P
