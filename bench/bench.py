@@ -32,6 +32,8 @@ BARS = {
     "convert bytes a point": (300, 400),
     "replace bytes a point": (300, 400),
     "convert cost a point, 1,000,000 / 100,000": (None, 1.25),
+    "points and chains / control, time a byte": (None, 1.2),
+    "every list of a dialog, 400 zones, ms": (None, 20),
     "one-point -t / cs2cs (wall)": (0.5, 1.0),
 }
 
@@ -49,6 +51,34 @@ def control_file(path, points):
                 f"AC:OS\r\nPN:{number}\r\nYC:{draw.uniform(1e5, 9e5):.4f}\r\nXC:{draw.uniform(1e5, 9e5):.4f}\r\n"
                 f"ZC:{draw.uniform(0, 2e3):.4f}\r\nPD:FOUND IRON PIN\r\nFE:{draw.choice(features)}\r\n"
                 f"GR:{number % 9}\r\nCL:OLD\r\nCM:SEEN\r\n")
+
+
+def chains_file(path, points):
+    """A points-and-chains file with a chain for every twenty points."""
+    draw = random.Random(points)
+    with open(path, "w", newline="") as file:
+        file.write("PR:BENCH\r\nAC:PR\r\nCS:SPC83\r\nZN:2600\r\nHD:NAD 83\r\nVD:NAVD 88\r\nUL:M\r\n")
+        for number in range(1, points + 1):
+            file.write(
+                f"AC:PD\r\nPN:{number}\r\nYY:{draw.uniform(1e5, 9e5):.4f}\r\nXX:{draw.uniform(1e5, 9e5):.4f}\r\n"
+                f"ZZ:{draw.uniform(0, 2e3):.4f}\r\nPD:FOUND IRON PIN\r\nFE:EP\r\nGM:P\r\nGR:{number % 9}\r\n"
+                f"CL:OLD\r\n")
+        file.write("BG:BEGIN CHAIN LIST\r\n")
+        for first in range(1, points + 1, 20):
+            names = ",".join(str(number) for number in range(first, first + 8))
+            file.write(f"AC:CH\r\nFE:EDGE\r\nFG:LINE\r\nPL:{names}\r\nCH:{first}\r\n")
+        file.write("EG:END CHAIN LIST\r\nCP:01/01/2026 8:00:00\r\n")
+
+
+def library_of(folder, zones):
+    """The seed library with as many zones more as make `zones`."""
+    for name in ("zones.ini", "datums.ini", "ellipsoids.ini"):
+        shutil.copy(ROOT / "data" / name, folder)
+    text = (folder / "zones.ini").read_bytes()
+    present = text.count(b"\n[") + 1
+    keys = text[text.index(b"\n") + 1:text.index(b"\r\n\r\n")] + b"\r\n\r\n"
+    more = b"".join(b"[OWN - Own Zones~%d - Own Zone]\r\n" % number + keys for number in range(zones - present))
+    (folder / "zones.ini").write_bytes(text + more)
 
 
 def rules_file(path, rules):
@@ -84,16 +114,20 @@ class Bench:
         label = "Tarvek Control Files (*.CTL)"
         (definitions / "convert.kti").write_text(f"ConvertFile\r\nConvert\r\n{label}\r\n{label}\r\n", newline="")
         (definitions / "replace.kti").write_text(f"Replace\r\nReplace\r\n{label}\r\n{label}\r\n", newline="")
+        chains = "Tarvek Points and Chains Files (*.PAC)"
+        (definitions / "chains.kti").write_text(f"ConvertFile\r\nConvert\r\n{chains}\r\n{chains}\r\n", newline="")
+        library_of(folder / "home", 400)
         rules_file(folder / "ten.trn", TEN_RULES)
         rules_file(folder / "hundred.trn", other_rules(100))
         rules_file(folder / "ten_others.trn", other_rules(10))
         for size in [1, *sizes]:
             control_file(folder / f"{size}.ctl", size)
+        chains_file(folder / f"{sizes[-1]}.pac", sizes[-1])
 
-    def translate(self, kind, size, rules=None):
+    def translate(self, kind, size, rules=None, extension="ctl"):
         output = self.folder / "out.ctl"
         output.unlink(missing_ok=True)
-        fields = ["-t", kind, str(self.folder / f"{size}.ctl"), str(output)]
+        fields = ["-t", kind, str(self.folder / f"{size}.{extension}"), str(output)]
         if rules:
             fields.append(str(self.folder / rules))
         return run([BIN / "tarvek-translator", "|".join(fields)], env=self.env)
@@ -117,11 +151,20 @@ class Bench:
             self.measure(f"replace 10 {size}", self.translate("replace", size, "ten.trn"))
             self.measure(f"replace 10 others {size}", self.translate("replace", size, "ten_others.trn"))
             self.measure(f"replace 100 others {size}", self.translate("replace", size, "hundred.trn"))
+        self.measure("chains", self.translate("chains", self.sizes[-1], extension="pac"))
         for _ in range(5):
             self.measure("convert 1", self.translate("convert", 1))
             self.measure("replace 10 1", self.translate("replace", 1, "ten.trn"))
             if shutil.which("cs2cs"):
                 self.measure("cs2cs", self.cs2cs())
+
+    def lists(self):
+        """Milliseconds for every list of a dialog, and for reading the library's files alone."""
+        printed = subprocess.run([BIN / "bench_lists"], env=self.env, capture_output=True, text=True, check=True).stdout
+        return [float(figure) for figure in printed.split()]
+
+    def time_a_byte(self, name, file):
+        return self.median(name, 0) / (self.folder / file).stat().st_size
 
     def median(self, name, column):
         return statistics.median(figures[column] for figures in self.results[name])
@@ -141,6 +184,11 @@ class Bench:
             before = self.sizes[-2]
             growth = self.median(f"convert {largest}", 0) / largest / (self.median(f"convert {before}", 0) / before)
             rows[f"convert cost a point, {largest:,} / {before:,}"] = growth
+        control = self.time_a_byte(f"convert {largest}", f"{largest}.ctl")
+        rows["points and chains / control, time a byte"] = self.time_a_byte("chains", f"{largest}.pac") / control
+        filling, reading = self.lists()
+        rows["every list of a dialog, 400 zones, ms"] = filling
+        rows["every list of a dialog / reading the files"] = filling / reading
         if "cs2cs" in self.results:
             rows["one-point -t / cs2cs (wall)"] = self.median("convert 1", 1) / self.median("cs2cs", 1)
         return rows
@@ -161,10 +209,11 @@ def main():
         bench = Bench(folder, sorted(arguments.points))
         for _ in range(arguments.rounds):
             bench.round()
+        ratios = bench.ratios()
     finally:
         shutil.rmtree(folder)
     print(f"{'ratio':56} {'figure':>8} {'aim':>6} {'limit':>6}")
-    for row, figure in bench.ratios().items():
+    for row, figure in ratios.items():
         aim, limit = bar_of(row)
         print(f"{row:56} {figure:8.2f} {aim or '':>6} {limit or '':>6}")
     if arguments.json:

@@ -1,11 +1,16 @@
 // tarvek: what the desktop program can do, without a window, for scripts, servers and tests.
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "cli/modCommands.hpp"
 #include "cli/modLibraryCommands.hpp"
+#include "platform/modCodePage.hpp"
+#include "platform/modStandardOutput.hpp"
 #include "platform/modTrap.hpp"
 
 namespace {
@@ -22,6 +27,10 @@ void AddRunOptions(CLI::App& command, RunOptions& options) {
         .add_option("--answer", options.answers.answers,
                     "Answer the question of this caption with this button (repeatable)")
         ->type_name("CAPTION=BUTTON")
+        ->check([](const std::string& answer) {
+            return answer.find('=') == std::string::npos ? "an answer is CAPTION=BUTTON, not " + answer
+                                                         : std::string();
+        })
         ->allow_extra_args(false);
     command.add_flag("--force", options.force, "Overwrite OUTPUT without asking");
     command.add_flag("--progress,!--no-progress", options.progress,
@@ -44,6 +53,20 @@ const FileType& ChooseType(const std::string& key, const std::string& path, cons
         throw CLI::ValidationError(
             option, "not '" + (key.empty() ? std::string(type->key) : key) + "', but one of: " + known);
     return *type;
+}
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return a == b || std::filesystem::equivalent(a, b, error);
+}
+
+// A report never takes the place of what was read or written.
+void RequireReportOfItsOwn(const CLI::App& command, const ConvertOptions& options) {
+    if (command.count("--report") == 0) return;
+    if (options.report.empty()) throw CLI::ValidationError("--report", "the name of the file is empty");
+    const bool isInput = options.report != "-" && IsSameFile(options.report, options.input);
+    if (isInput || IsSameFile(options.report, options.output))
+        throw CLI::ValidationError("--report", "the report can not go where INPUT or OUTPUT is");
 }
 
 void AddOutputSystemOptions(CLI::App& command, OutputSystemOptions& options) {
@@ -76,18 +99,20 @@ void AddConvertCommand(CLI::App& app, int& status) {
     command.add_option("--to", arguments->to,
                        "Format of OUTPUT (" + KeysWith(&FileType::write) + "; with an output system " +
                            KeysWith(&FileType::writeConverted) + "); default by extension");
-    command.add_option("--report", options.report, "Write what happened to this file, as JSON");
+    command.add_option("--report", options.report,
+                       "Write what happened to this file, as JSON; - for standard output");
     AddOutputSystemOptions(command, options.outputSystem);
     command.footer(
         "Example: turn the data sheets that NGS has sent into a control file\n"
         "  tarvek convert datasheets.txt control.ctl\n"
         "The same in a script, with the output replaced and datum conflicts accepted\n"
         "  tarvek convert datasheets.txt control.ctl --force --yes --report run.json");
-    command.callback([arguments, &options, &status] {
+    command.callback([arguments, &command, &options, &status] {
         options.from = &ChooseType(arguments->from, options.input, "--from", &FileType::read);
         options.to =
             &ChooseType(arguments->to, options.output, "--to",
                         options.outputSystem.IsGiven() ? &FileType::writeConverted : &FileType::write);
+        RequireReportOfItsOwn(command, options);
         status = RunConvertCommand(options);
     });
 }
@@ -123,7 +148,19 @@ void RequireKnownCommand(const CLI::App& app, int argc, char** argv) {
     if (argc < 2 || argv[1][0] == '-') return;
     const auto isNamed = [argv](const CLI::App* command) { return command->get_name() == argv[1]; };
     if (app.get_subcommands(isNamed).empty())
-        throw CLI::ValidationError(argv[1], "there is no such command; tarvek --help lists them");
+        throw CLI::ValidationError("'" + std::string(argv[1]) + "'",
+                                   "there is no such command; tarvek --help lists them");
+}
+
+// Help and version on standard output, wrong usage on standard error; arguments are quoted there as harmless
+// text.
+int TellParseResult(const CLI::App& app, const CLI::ParseError& error) {
+    std::ostringstream printed;
+    std::ostringstream told;
+    const int status = app.exit(error, printed, told);
+    PrintToStandardOutput(printed.str());
+    std::cerr << TerminalText(told.str());
+    return status == 0 ? 0 : WrongUsage;
 }
 
 int RunCommandLine(int argc, char** argv) {
@@ -138,7 +175,7 @@ int RunCommandLine(int argc, char** argv) {
         RequireKnownCommand(app, argc, argv);
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : WrongUsage;
+        return TellParseResult(app, error);
     }
     return status;
 }
@@ -146,6 +183,6 @@ int RunCommandLine(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    IgnoreWriteSignals();
+    PrepareProcess();
     return RunTrapped([&] { return RunCommandLine(argc, argv); });
 }

@@ -3,6 +3,7 @@
 // record of all that was told.
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/modConsolePrompts.hpp"
@@ -16,7 +17,7 @@ struct PreparedAnswers {
 
 struct ToldMessage {
     Message message;
-    Button answer = Button::OK;
+    std::string answer;  // the caption of the button, or what was typed
 };
 
 class AnsweringPrompts : public Prompts {
@@ -26,6 +27,10 @@ class AnsweringPrompts : public Prompts {
     std::string Ask(const TextQuestion& question) override;
     void View(const std::string& path, const std::string& label) override { console_.View(path, label); }
 
+    // Has messages call the file at `path` by `name`.
+    void CallFile(std::string path, std::string name);
+
+    // Every message and question, in order.
     const std::vector<ToldMessage>& Told() const { return told_; }
 
   private:
@@ -33,7 +38,10 @@ class AnsweringPrompts : public Prompts {
     std::optional<std::string> PreparedFor(const std::string& caption) const;
     std::optional<Button> PreparedButton(const Message& message) const;
 
+    std::string WithNames(const std::string& text) const;
+
     PreparedAnswers prepared_;
+    std::vector<std::pair<std::string, std::string>> names_;  // of files, by their paths
     ConsolePrompts console_;
     std::vector<ToldMessage> told_;
     PromptsInForce inForce_;

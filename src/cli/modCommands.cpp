@@ -44,12 +44,14 @@ bool MayWrite(const RunOptions& options, const std::string& input, const std::st
 
 // Runs `translate(input, output)` on the files of the options, with "-" standing for the standard streams.
 template <class Translate>
-int RunTranslation(const RunOptions& options, const Translate& translate) {
+int RunTranslation(const RunOptions& options, AnsweringPrompts& prompts, const Translate& translate) {
     const ProgressInForce progress(options);
     return RunTrapped([&] {
         StandardStreams streams;
         const std::string input = streams.Input(options.input);
         const std::string output = streams.Output(options.output);
+        if (input != options.input) prompts.CallFile(input, "standard input");
+        if (output != options.output) prompts.CallFile(output, "standard output");
         if (!MayWrite(options, input, output) || !translate(input, output)) return Failed;
         streams.Deliver();
         return Done;
@@ -103,19 +105,20 @@ bool OutputSystemOptions::IsGiven() const {
 }
 
 int RunConvertCommand(const ConvertOptions& options) {
-    const AnsweringPrompts prompts(options.answers);
+    AnsweringPrompts prompts(options.answers);
     RunReport report;
     report.input.file = options.input;
     report.input.format = options.from->key;
     report.output.file = options.output;
     report.output.format = options.to->key;
-    const int status = RunTranslation(options, [&](const std::string& input, const std::string& output) {
-        if (!ReadInput(*options.from, input, report.input)) return false;
-        if (!FillOutput(options.outputSystem)) return false;
-        const bool isConverted = options.outputSystem.IsGiven();
-        return WriteOutput(isConverted ? options.to->writeConverted : options.to->write, output,
-                           report.output);
-    });
+    const int status =
+        RunTranslation(options, prompts, [&](const std::string& input, const std::string& output) {
+            if (!ReadInput(*options.from, input, report.input)) return false;
+            if (!FillOutput(options.outputSystem)) return false;
+            const bool isConverted = options.outputSystem.IsGiven();
+            return WriteOutput(isConverted ? options.to->writeConverted : options.to->write, output,
+                               report.output);
+        });
     if (options.report.empty()) return status;
     report.done = status == Done;
     return RunTrapped([&] {
@@ -125,8 +128,8 @@ int RunConvertCommand(const ConvertOptions& options) {
 }
 
 int RunReplaceCommand(const ReplaceOptions& options) {
-    const AnsweringPrompts prompts(options.answers);
-    return RunTranslation(options, [&](const std::string& input, const std::string& output) {
+    AnsweringPrompts prompts(options.answers);
+    return RunTranslation(options, prompts, [&](const std::string& input, const std::string& output) {
         return RunSearchReplace(input, output, options.trnFile);
     });
 }

@@ -1,6 +1,5 @@
 #include "cli/modLibraryCommands.hpp"
 
-#include <cstdio>
 #include <initializer_list>
 #include <span>
 
@@ -12,26 +11,31 @@
 #include "library/modMisc.hpp"
 #include "platform/modCodePage.hpp"
 #include "platform/modPrompts.hpp"
+#include "platform/modStandardOutput.hpp"
 #include "platform/modText.hpp"
 
 namespace tarvek {
 namespace {
 
-void PrintRow(std::initializer_list<std::string_view> columns) {
-    std::string row;
-    for (const std::string_view column : columns)
-        row.append(row.empty() ? "" : "\t").append(TerminalText(column));
-    std::puts(row.c_str());
+void AppendRow(std::string& text, std::initializer_list<std::string_view> columns) {
+    std::string_view separator;
+    for (const std::string_view column : columns) {
+        text.append(separator).append(TerminalText(column));
+        separator = "\t";
+    }
+    text += '\n';
 }
 
 // Prints the section's name, then the values of `keys`.
 void PrintSections(const std::string& file, std::initializer_list<std::string_view> keys) {
     const INIView view(ReadINIFile(file));
+    std::string text;
     for (const INISection& section : view.Sections()) {
-        std::string row = TerminalText(section.name);
-        for (const std::string_view key : keys) row += '\t' + TerminalText(view.Value(section.name, key));
-        std::puts(row.c_str());
+        text += TerminalText(section.name);
+        for (const std::string_view key : keys) text += '\t' + TerminalText(view.Value(section.name, key));
+        text += '\n';
     }
+    PrintToStandardOutput(text);
 }
 
 }  // namespace
@@ -45,13 +49,15 @@ int ListZones(const std::string& coordinateSystem) {
         return 1;
     }
     const INIView zones(ReadINIFile(ZonesFile()));
+    std::string text;
     for (const INISection& section : zones.Sections()) {
         const std::optional<ZoneName> name = SplitZoneSection(section.name);
         if (!name || (!coordinateSystem.empty() && Trim(name->coordinateSystem) != systems.Text())) continue;
         const auto value = [&](std::string_view key) { return zones.Value(section.name, key); };
-        PrintRow({Trim(name->coordinateSystem), Trim(name->zone), value("Projection"),
-                  value("Horizontal Datum"), value("Linear Units"), value("Full Name")});
+        AppendRow(text, {Trim(name->coordinateSystem), Trim(name->zone), value("Projection"),
+                         value("Horizontal Datum"), value("Linear Units"), value("Full Name")});
     }
+    PrintToStandardOutput(text);
     return 0;
 }
 
@@ -67,7 +73,10 @@ int ListEllipsoids() {
 
 int CheckLibraryCommand() {
     const std::vector<LibraryFault> faults = CheckLibrary();
-    for (const LibraryFault& fault : faults) PrintRow({fault.file, fault.section, fault.key, fault.text});
+    std::string text;
+    for (const LibraryFault& fault : faults)
+        AppendRow(text, {fault.file, fault.section, fault.key, fault.text});
+    PrintToStandardOutput(text);
     return faults.empty() ? 0 : 1;
 }
 

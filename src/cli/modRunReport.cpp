@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/modCodePage.hpp"
+#include "platform/modStandardOutput.hpp"
 #include "platform/modTextFileOut.hpp"
 
 namespace tarvek {
@@ -31,7 +32,7 @@ Json MessageJson(const ToldMessage& told) {
             {"text", Utf8FromBytes(told.message.text)},
             {"icon", NameOf(told.message.icon)},
             {"buttons", buttons},
-            {"answer", CaptionOf(told.answer)}};
+            {"answer", Utf8FromBytes(told.answer)}};
 }
 
 }  // namespace
@@ -44,7 +45,11 @@ void WriteRunReport(const std::string& path, const RunReport& report, const std:
                        {"output", FileJson(report.output)},
                        {"stages", Json::array()},
                        {"messages", messages}};
-    WriteTextFile(path, [&](TextFileOut& file) { file.Text(json.dump(2) + "\n"); });
+    const std::string text = json.dump(2) + "\n";
+    if (path == "-")
+        PrintToStandardOutput(text);
+    else
+        WriteTextFile(path, [&](TextFileOut& file) { file.Text(text); });
 }
 
 }  // namespace tarvek

@@ -25,7 +25,7 @@ struct RunReport {
     bool done = false;
 };
 
-// Writes the report to `path`, in UTF-8.
+// Writes the report, in UTF-8, to `path`, whose old content is replaced, or to standard output for "-".
 void WriteRunReport(const std::string& path, const RunReport& report, const std::vector<ToldMessage>& told);
 
 }  // namespace tarvek

@@ -13,6 +13,9 @@ class StandardStreams {
     StandardStreams(const StandardStreams&) = delete;
     StandardStreams& operator=(const StandardStreams&) = delete;
 
+    // True for the argument that stands for a stream.
+    static bool IsStream(const std::string& argument) { return argument == "-"; }
+
     // The path to read from: a copy of standard input for "-", else the argument itself.
     std::string Input(const std::string& argument);
     // The path to write to: a file that Deliver() copies to standard output for "-", else the argument

@@ -50,23 +50,19 @@ constexpr Parser Parsers[] = {
     {AngleFormatDM, Angles_GET_RadFromDM},
 };
 
-double TurnedOver(double radians) { return radians * -1.0; }
-double Unchanged(double radians) { return radians; }
-double ToFullCircle(double radians) { return FullCircle - radians; }
-double LessFullCircle(double radians) { return radians - FullCircle; }
+double TurnOver(double radians) { return radians * -1.0; }
 
-struct DirectionChange {
-    std::string_view in;
-    std::string_view out;
-    double (*change)(double);
-};
+double LatitudeDirection(double radians, std::string_view in, std::string_view out) {
+    if (out != "N" && out != "S") return NoValue;
+    return in == out ? radians : TurnOver(radians);
+}
 
-// For "E" and "W" the value has been brought to 0 to 360 degrees before.
-constexpr DirectionChange DirectionChanges[] = {
-    {"N", "N", Unchanged},    {"N", "S", TurnedOver},   {"S", "S", Unchanged},       {"S", "N", TurnedOver},
-    {"E", "E", Unchanged},    {"E", "W", ToFullCircle}, {"E", "-W", LessFullCircle}, {"W", "W", Unchanged},
-    {"W", "E", ToFullCircle}, {"W", "-W", TurnedOver},
-};
+double LongitudeDirection(double radians, std::string_view in, std::string_view out) {
+    if (radians < 0) radians += FullCircle;
+    if (out == in) return radians;
+    if (out == "-W") return in == "W" ? TurnOver(radians) : radians - FullCircle;
+    return out == "E" || out == "W" ? FullCircle - radians : NoValue;
+}
 
 }  // namespace
 
@@ -81,7 +77,7 @@ double Angles_GET_RadFromDMS(std::string_view text) {
     const std::vector<std::string_view> fields = Split(text, ' ');
     double degrees = Integer16FromText(fields[0]);
     const bool negative = degrees < 0;
-    if (negative) degrees = -degrees;
+    if (negative) degrees = Integer16FromNumber(-degrees);  // no 16 bits hold 32768
     const double minutes = fields.size() > 1 ? Integer16FromText(fields[1]) : 0;
     const double seconds = fields.size() > 2 ? NumberFromText(fields[2]) : 0;
     if (!CheckParts(minutes, seconds, text)) return NoValue;
@@ -190,13 +186,11 @@ std::string Angles_GET_TextDMSPacked(double radians, int decimals, bool /*withSy
 
 double Angles_GET_Direction(double radians, std::string_view directionIn, std::string_view directionOut) {
     if (radians == NoValue) return NoValue;
-    if (directionIn == "-W") {
-        radians = -radians;
-        directionIn = "W";
-    }
-    if ((directionIn == "E" || directionIn == "W") && radians < 0) radians += FullCircle;
-    for (const DirectionChange& row : DirectionChanges)
-        if (row.in == directionIn && row.out == directionOut) return row.change(radians);
+    if (directionIn == "-W") return LongitudeDirection(TurnOver(radians), "W", directionOut);
+    if (directionIn == "N" || directionIn == "S")
+        return LatitudeDirection(radians, directionIn, directionOut);
+    if (directionIn == "E" || directionIn == "W")
+        return LongitudeDirection(radians, directionIn, directionOut);
     return NoValue;
 }
 

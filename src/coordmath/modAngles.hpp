@@ -18,7 +18,7 @@ inline constexpr std::string_view AngleFormatPacked = "DDD.MMSSssss";
 inline constexpr std::string_view AngleFormatDegrees = "DDD.dddddd";
 inline constexpr std::string_view AngleFormatDM = "DDD MM.mmmm";
 
-// The only factors between degrees and radians, to 17 digits; they are not to be computed from pi.
+// The only factors between degrees and radians; they are not to be computed from pi.
 inline constexpr double RadiansPerDegree = 0.017453292519943278;
 inline constexpr double DegreesPerRadian = 57.29577951308238;
 

@@ -29,6 +29,16 @@ const Unit* FindUnit(std::string_view text) {
 
 }  // namespace
 
+std::string_view Distances_GET_UnitName(char letter) {
+    const Unit* unit = FindUnit({&letter, 1});
+    return unit == nullptr ? std::string_view() : unit->name;
+}
+
+std::string_view Distances_GET_UnitLetter(std::string_view name) {
+    const Unit* unit = FindUnit(name);
+    return unit == nullptr || unit->name != name ? std::string_view() : unit->letter;
+}
+
 double Distances_GET_Convert(double value, std::string_view unitFrom, std::string_view unitTo) {
     if (unitFrom == unitTo) return value;
     if (value == NoValue) return NoValue;

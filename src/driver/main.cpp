@@ -6,7 +6,7 @@
 #include "platform/modTrap.hpp"
 
 int main(int argc, char** argv) {
-    tarvek::IgnoreWriteSignals();
+    tarvek::PrepareProcess();
     std::string commandLine;
     for (int i = 1; i < argc; ++i) commandLine.append(i > 1 ? " " : "").append(argv[i]);
     return tarvek::RunTrapped([&] {

@@ -39,7 +39,7 @@ void RunDialogDefaults() {
 
 void RunDialogArguments(const CommandLineArgs& args) {
     if (args.size() != 5) return TellWrongCount();
-    SetTranslateDefaults(BooleanFromText(args[1]), NativePath(args[2]), NativePath(args[3]), FilterFolder(),
+    SetTranslateDefaults(BooleanFromText(args[1]), std::string(args[2]), std::string(args[3]), FilterFolder(),
                          std::string(args[4]));
     ShowTranslateDialog();
 }

@@ -26,17 +26,20 @@ constexpr Stage Stages[] = {
     {&CoordSystemRef::VD, "vertical datum"},
 };
 
-// True if the two systems differ in nothing that points would have to be computed for.
-bool NeedsNoStage(const CoordSystemRef& input, const CoordSystemRef& output) {
-    for (const Stage& stage : Stages) {
-        const std::string& from = input.*stage.changes;
-        const std::string& to = output.*stage.changes;
-        if (from == to) continue;
-        TellFault("This version can not carry points to another " + std::string(stage.name) + ": from '" +
-                  from + "' to '" + to + "'.");
-        return false;
-    }
-    return true;
+// The first stage that the way from one system to the other has; nullptr where points need not be computed.
+const Stage* FirstStage(const CoordSystemRef& input, const CoordSystemRef& output) {
+    for (const Stage& stage : Stages)
+        if (input.*stage.changes != output.*stage.changes) return &stage;
+    return nullptr;
+}
+
+bool TellMissing(const Stage& stage) {
+    const ConversionOptions& options = Tables().Options;
+    std::string text = "This version can not carry points to another ";
+    text.append(stage.name).append(": from '").append(options.InputSystem.*stage.changes);
+    text.append("' to '").append(options.OutputSystem.*stage.changes).append("'.");
+    TellFault(text);
+    return false;
 }
 
 }  // namespace
@@ -56,7 +59,8 @@ bool ConvertInputToOutput(const CoordSystemRef& output) {
     SurveyTables& tables = Tables();
     tables.Options.InputSystem = WithLongNames(tables.InputHeader.System);
     tables.Options.OutputSystem = WithLongNames(output);
-    if (!NeedsNoStage(tables.Options.InputSystem, tables.Options.OutputSystem)) return false;
+    const Stage* missing = FirstStage(tables.Options.InputSystem, tables.Options.OutputSystem);
+    if (missing != nullptr) return TellMissing(*missing);
     tables.ConversionPoints = CopyAllocated(tables.InputPoints);
     tables.CoordinatesConverted = true;
     tables.OutputHeader = tables.InputHeader;

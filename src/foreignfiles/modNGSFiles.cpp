@@ -338,13 +338,12 @@ constexpr Generation Since2012 = {
 
 // The file as a whole
 
-// False when the user has stopped the in.
+// False when the user has stopped the import. What stands before the first sheet is passed over.
 bool ReadLine(Import& in, const Generation& generation) {
     if (IsSheetStart(in.line)) StartSheet(in);
-    if (in.sheetSeen) {
-        if (Column(in.line, 22) == '-') ReadKeyLine(in);
-        if (IsDataLine(in.line) && !generation.readDataLine(in)) return false;
-    }
+    if (!in.sheetSeen) return true;
+    if (Column(in.line, 22) == '-') ReadKeyLine(in);
+    if (IsDataLine(in.line) && !generation.readDataLine(in)) return false;
     if (generation.hasEllipsoidHeightLine && Columns(in.line, Key.start, Key.count) == "ELLIP HEIGHT")
         TakeEllipsoidHeight(in, HeightBefore2012);
     if (Columns(in.line, BlockTitle.start, BlockTitle.count) == generation.accuracy.title)
@@ -361,7 +360,6 @@ void ReplaceInput(Import& in) {
     SurveyTables& tables = Tables();
     tables.InputHeader = std::move(in.header);
     tables.InputPoints = std::move(in.points);
-    tables.InputChains = {};
 }
 
 bool ReadSheets(const std::string& path, const Generation& generation) {
@@ -383,7 +381,6 @@ constexpr std::string_view MonthNames[] = {"JANUARY",   "FEBRUARY", "MARCH",    
                                            "MAY",       "JUNE",     "JULY",     "AUGUST",
                                            "SEPTEMBER", "OCTOBER",  "NOVEMBER", "DECEMBER"};
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 // Takes the characters of one kind off the beginning of `text`.

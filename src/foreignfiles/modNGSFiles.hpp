@@ -4,9 +4,10 @@
 // are two readers, and one file has sheets of one generation only.
 //
 // The points are geographic: latitude and longitude in radians with the sheet's hemisphere letters, heights
-// in meters, error estimates in meters at one sigma. The header has the datums of the first sheet. A sheet on
-// another datum is imported unchanged once the user agrees, which is asked once in a file for the horizontal
-// and once for the vertical datum.
+// in meters, error estimates in meters at one sigma. The header has the horizontal datum of the first sheet
+// and the first vertical datum that is met. A sheet on another datum is imported unchanged once the user
+// agrees, which is asked once in a file for the horizontal and once for the vertical datum (but for the
+// vertical one of the wide layout).
 //
 // Each reader gives true when InputPoints and InputHeader were replaced, and false, with the tables as they
 // were, when the user was told that the file does not exist or has no sheets, or when the user stopped at a
@@ -18,7 +19,8 @@
 namespace tarvek {
 
 // Reads the file with the reader for the retrieval date of its first sheet. Fault::TypeMismatch where that is
-// no calendar date. The date has 16 characters behind a blank, and what a longer one loses is lost: the year
+// no calendar date: "MAY 1, 2012" with or without the comma, the month in full or by three letters, or
+// "5/1/2012". The date has 16 characters behind a blank, and what a longer one loses is lost: the year
 // of "FEBRUARY 18, 2025" is 202.
 bool ReadNGSFile(const std::string& path);
 

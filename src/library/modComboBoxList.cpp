@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <ranges>
 #include <unordered_set>
 
 #include "platform/modFaults.hpp"
@@ -93,7 +92,7 @@ void REMOVE_ComboBoxDuplicates(ComboBoxList& list) {
     std::vector<int> repeated;
     for (int i = 0; i < list.Count(); ++i)
         if (!seen.insert(list.Items()[static_cast<std::size_t>(i)].text).second) repeated.push_back(i);
-    for (const int index : std::views::reverse(repeated)) list.Remove(index);
+    for (; !repeated.empty(); repeated.pop_back()) list.Remove(repeated.back());
 }
 
 void REMOVE_ComboBoxItem(ComboBoxList& list, std::string_view text) {

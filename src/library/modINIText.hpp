@@ -78,6 +78,7 @@ struct INISection {
 class INIView {
   public:
     explicit INIView(std::string text);
+    ~INIView() = default;
     INIView(const INIView&) = delete;
     INIView& operator=(const INIView&) = delete;
 

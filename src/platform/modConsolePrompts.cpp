@@ -1,6 +1,7 @@
 #include "platform/modConsolePrompts.hpp"
 
 #include "platform/modCodePage.hpp"
+#include "platform/modProgress.hpp"
 #include "platform/modText.hpp"
 #include "platform/modTextFileIn.hpp"
 
@@ -20,6 +21,7 @@ std::string ButtonLine(const std::vector<Button>& buttons) {
 }  // namespace
 
 void ConsolePrompts::Tell(const Message& message) {
+    PauseProgress();
     std::string block = TerminalText(message.caption) + ": " + TerminalText(message.text) + "\n";
     if (message.buttons != Buttons::OK) block += ButtonLine(ButtonsOf(message.buttons)) + "\n";
     std::fwrite(block.data(), 1, block.size(), told_);
@@ -37,6 +39,7 @@ Button ConsolePrompts::Show(const Message& message) {
 }
 
 std::string ConsolePrompts::Ask(const TextQuestion& question) {
+    PauseProgress();
     const std::string block = TerminalText(question.caption) + ": " + TerminalText(question.prompt) + "\n";
     std::fwrite(block.data(), 1, block.size(), told_);
     std::fflush(told_);

@@ -80,23 +80,23 @@ bool IsLockedByAnother(int file) {
 
 }  // namespace
 
+// A start without the run-time folder's variable (by cron, by su) meets the others in the temporary folder.
 InstanceLock::InstanceLock(std::string_view programFolder) {
     const std::string name =
         std::string(ProgramFolderName) + '-' + HashText(CanonicalFolder(programFolder)) + ".lock";
-    int (*const folders[])() = {OpenRuntimeFolder, OpenTemporaryFolder};
-    for (const auto openFolder : folders) {
-        const int folder = openFolder();
+    for (const int folder : {OpenRuntimeFolder(), OpenTemporaryFolder()}) {
         if (folder < 0) continue;
-        file_ = OpenLockFile(folder, name);
+        const int file = OpenLockFile(folder, name);
         ::close(folder);
-        if (file_ >= 0) break;
+        if (file < 0) continue;
+        files_.push_back(file);
+        if (IsLockedByAnother(file)) takenByAnother_ = true;
     }
-    takenByAnother_ = file_ >= 0 && IsLockedByAnother(file_);
 }
 
-// The file stays: whoever removed it could take it away from under the next holder.
+// The files stay: whoever removed them could take them away from under the next holder.
 InstanceLock::~InstanceLock() {
-    if (file_ >= 0) ::close(file_);
+    for (const int file : files_) ::close(file);
 }
 
 }  // namespace tarvek

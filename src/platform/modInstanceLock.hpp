@@ -4,12 +4,13 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvek {
 
 class InstanceLock {
   public:
-    // Takes the lock of `programFolder`, in the user's run-time folder or else in a folder of the user's own
+    // Takes the lock of `programFolder`, in the user's run-time folder and in a folder of the user's own
     // among the temporary files.
     explicit InstanceLock(std::string_view programFolder);
     ~InstanceLock();
@@ -21,7 +22,7 @@ class InstanceLock {
     bool Held() const { return !takenByAnother_; }
 
   private:
-    int file_ = -1;
+    std::vector<int> files_;
     bool takenByAnother_ = false;
 };
 

@@ -19,8 +19,6 @@ constexpr auto PowersOfTen = [] {
     return powers;
 }();
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // Where the parts of a number at the beginning of a text lie, and its digits.
 struct NumberShape {
     std::size_t unsignedStart = 0;  // behind the sign

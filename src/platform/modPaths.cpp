@@ -35,7 +35,7 @@ std::string NativePath(std::string_view given) { return ReplaceAll(given, "\\", 
 
 std::string FindPath(std::string_view given) {
     if (Exists(std::string(given))) return std::string(given);
-    const std::string native = NativePath(given);
+    std::string native = NativePath(given);
     if (Exists(native)) return native;
     std::string path = native.starts_with('/') ? "/" : "";
     for (const std::string_view name : Split(native, '/')) {
@@ -55,8 +55,12 @@ bool FileExists(std::string_view given) {
     return !path.empty() && !given.ends_with('/') && !given.ends_with('\\') && !fs::is_directory(path, error);
 }
 
+std::string OutputPath(std::string_view given) {
+    return Exists(std::string(given)) ? std::string(given) : NativePath(given);
+}
+
 bool OutputFileExists(std::string_view given) {
-    const std::string path = NativePath(given);
+    const std::string path = OutputPath(given);
     std::error_code error;
     return Exists(path) && !fs::is_directory(path, error);
 }

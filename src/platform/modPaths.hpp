@@ -21,7 +21,10 @@ std::string FindPath(std::string_view given);
 // True if `given` names something that can be read as a file; a folder can not.
 bool FileExists(std::string_view given);
 bool FolderExists(std::string_view given);
-// The same for a file to be written, whose name is taken as written: letter case counts.
+// The path under which a file is written: its name is taken as written, also with a "\" in it where there is
+// such a file; otherwise "\" parts folders.
+std::string OutputPath(std::string_view given);
+// True if there is a file at the output path; letter case counts.
 bool OutputFileExists(std::string_view given);
 
 // `path` itself where it is absolute, else behind `folder`.

@@ -90,7 +90,7 @@ std::string SearchPath() {
 std::string FindWine() {
     const std::string searchPath = SearchPath();
     for (const std::string_view folder : Split(searchPath, ':')) {
-        const std::string wine = JoinPath(folder, "wine");
+        std::string wine = JoinPath(folder, "wine");
         if (folder.starts_with(PathSeparator) && IsExecutable(wine)) return wine;
     }
     return {};
@@ -114,6 +114,7 @@ std::vector<std::string> ToolEnvironment(bool underWine) {
 
 std::vector<char*> PointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;
@@ -171,8 +172,8 @@ class ChildSetup {
     const posix_spawnattr_t* Attributes() const { return &attributes_; }
 
   private:
-    posix_spawn_file_actions_t actions_;
-    posix_spawnattr_t attributes_;
+    posix_spawn_file_actions_t actions_{};
+    posix_spawnattr_t attributes_{};
 };
 
 int WaitFor(pid_t process) {
@@ -290,7 +291,7 @@ std::string FindTool(std::string_view folder, std::string_view name) {
     const std::string other = isExe ? std::string(name.substr(0, stem)) : std::string(name).append(Extension);
     std::string firstFound;
     for (const std::string_view candidate : {name, std::string_view(other)}) {
-        const std::string path = FindPath(JoinPath(folder, candidate));
+        std::string path = FindPath(JoinPath(folder, candidate));
         if (path.empty() || !IsRegularFile(path)) continue;
         if (CanRun(path)) return path;
         if (firstFound.empty()) firstFound = path;

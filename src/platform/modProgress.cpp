@@ -19,6 +19,10 @@ const ProgressTask* Told = nullptr;
 
 void SetProgress(Progress* progress) { InForce = progress; }
 
+void PauseProgress() {
+    if (InForce && Told != nullptr) InForce->End();
+}
+
 ProgressTask::~ProgressTask() {
     if (Told != this) return;
     Told = nullptr;
@@ -56,6 +60,7 @@ void ConsoleProgress::At(std::uint64_t done, std::uint64_t total) {
 
 void ConsoleProgress::End() {
     if (!drawn_) return;
+    drawn_ = false;
     std::fputs("\r\033[K", terminal_);
     std::fflush(terminal_);
 }

@@ -21,6 +21,9 @@ class Progress {
 // Puts `progress` in force; nullptr shows nothing.
 void SetProgress(Progress* progress);
 
+// Takes what is shown away until the next step, before something else is told.
+void PauseProgress();
+
 // One piece of work, from Begin to the end of its life. One that begins within another is not told.
 class ProgressTask {
   public:

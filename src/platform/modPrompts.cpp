@@ -37,6 +37,10 @@ void TellResult(std::string text, std::string caption) {
     UserPrompts().Show({std::move(text), std::move(caption), Icon::Information, Buttons::OK});
 }
 
+void TellFileNotFound(const std::string& path) {
+    TellFault("The file '" + path + "' can not be found.", "File Not Found");
+}
+
 bool Ask(const Message& question) {
     const Button answer = UserPrompts().Show(question);
     return answer == Button::Yes || answer == Button::OK;

@@ -57,6 +57,8 @@ class PromptsInForce {
 // Tells a fault (exclamation sign) or a result (information sign); the user can only agree.
 void TellFault(std::string text, std::string caption = std::string(ProgramTitle));
 void TellResult(std::string text, std::string caption = std::string(ProgramTitle));
+// Tells that a survey or command file is not there: "The file '...' can not be found." / "File Not Found".
+void TellFileNotFound(const std::string& path);
 // Asks; true for Yes or OK.
 bool Ask(const Message& question);
 

@@ -18,8 +18,8 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
 
 void AppendLine(std::string& member, std::string_view line) {
     if (member.empty()) {
-        member =
-            std::string(line);  // takes no more room than the line needs: most members have one line only
+        // Takes no more room than the line needs: most members have one line only.
+        member = std::string(line);
         return;
     }
     member += LineEnd;

@@ -9,6 +9,8 @@
 
 namespace tarvek {
 
+inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 inline constexpr std::string_view LineEnd = "\r\n";
 
 inline std::string_view TrimRight(std::string_view text) {

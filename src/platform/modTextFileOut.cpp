@@ -44,7 +44,7 @@ void KeepModeAndOwner(int file, const struct stat& old, const std::string& path)
 
 }  // namespace
 
-TextFileOut::TextFileOut(std::string_view given) : target_(ResolveLinks(NativePath(given))) {
+TextFileOut::TextFileOut(std::string_view given) : target_(ResolveLinks(OutputPath(given))) {
     if (target_.empty()) RaiseFileFault(ENOENT, given);
     buffer_.reserve(FullBuffer + 4096);
     try {
@@ -61,6 +61,7 @@ void TextFileOut::Create() {
     const FileCalls& calls = CurrentFileCalls();
     struct stat old {};
     const bool exists = ::stat(target_.c_str(), &old) == 0;
+    replacesAFile_ = exists && S_ISREG(old.st_mode);
     if (!exists && errno != ENOENT) RaiseFileFault(errno, target_);  // links in a circle, a locked folder
     if (exists && S_ISDIR(old.st_mode)) RaiseFileFault(EISDIR, target_);
     if (exists && !S_ISREG(old.st_mode)) {  // a device or pipe has nothing to keep
@@ -118,7 +119,7 @@ void WriteTextFile(std::string_view path, const std::function<void(TextFileOut&)
     try {
         print(file);
     } catch (const RuntimeFault& fault) {
-        if (!fault.IsFileFault()) file.Commit();
+        if (!fault.IsFileFault() && !file.ReplacesAFile()) file.Commit();
         throw;
     }
     file.Commit();

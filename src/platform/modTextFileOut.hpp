@@ -37,6 +37,9 @@ class TextFileOut {
     std::string& Buffer() { return buffer_; }
     void EndLine() { Text(LineEnd); }
 
+    // True where the path held a file before, which Commit would replace.
+    bool ReplacesAFile() const { return replacesAFile_; }
+
     // Puts the content in place of what the path held. Raises the fault of the file system, the target
     // untouched.
     void Commit();
@@ -51,11 +54,13 @@ class TextFileOut {
     std::string target_;
     std::string temporary_;  // empty where the target is no regular file and is written directly
     int file_ = -1;
+    bool replacesAFile_ = false;
     std::string buffer_;
 };
 
-// Writes a file by `print`. A fault of the file system leaves the target as it was; any other fault leaves
-// what was printed before it, since an output file that was begun stays on disk. Either fault is passed on.
+// Writes a file by `print`. After a fault a file that was there before is as it was. Where none was, a fault
+// of the file system leaves none, and any other leaves what was printed before it: an output begun stays on
+// disk, but not at the cost of a file that may be the input itself. The fault is passed on.
 void WriteTextFile(std::string_view path, const std::function<void(TextFileOut&)>& print);
 
 }  // namespace tarvek

@@ -1,5 +1,8 @@
 #include "platform/modTrap.hpp"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <new>
 
@@ -21,7 +24,13 @@ int RunTrapped(const std::function<int()>& run) {
     return 1;
 }
 
-void IgnoreWriteSignals() {
+void PrepareProcess() {
+    constexpr int FirstFreeDescriptor = 3;
+    int file = 0;
+    do {
+        file = ::open("/dev/null", O_RDWR);
+    } while (file >= 0 && file < FirstFreeDescriptor);
+    if (file >= 0) ::close(file);
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
 }

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "coordmath/modAngles.hpp"
+#include "coordmath/modDistances.hpp"
 #include "platform/modNumbers.hpp"
 #include "platform/modPaths.hpp"
 #include "platform/modPrompts.hpp"
@@ -123,18 +124,10 @@ bool StoreSystem(TaggedReading& reading, const TagRule& rule) {
     return true;
 }
 
-struct UnitLetter {
-    char letter;
-    const char* name;
-};
-
-constexpr UnitLetter UnitLetters[] = {
-    {'M', "Meters"}, {'F', "U.S. Survey Feet"}, {'I', "International Feet"}};
-
 bool StoreUnits(TaggedReading& reading, const TagRule&) {
     CoordSystemRef& system = reading.header.System;
-    for (const UnitLetter& unit : UnitLetters)
-        if (reading.Value().starts_with(unit.letter)) system.HorizontalUnits = unit.name;
+    const std::string_view name = Distances_GET_UnitName(Column(reading.Value(), 1));
+    if (!name.empty()) system.HorizontalUnits = name;
     system.VerticalUnits = system.HorizontalUnits;
     reading.horizontalUnits = system.HorizontalUnits;
     reading.verticalUnits = system.VerticalUnits;
@@ -276,7 +269,7 @@ const TagRule* TagTable::Find(std::string_view line) const {
 
 bool ReadTaggedFile(const std::string& path, const FileFamily& family) {
     if (!FileExists(path)) {
-        TellFault("The file '" + path + "' can not be found.", "File Not Found");
+        TellFileNotFound(path);
         return false;
     }
     TaggedReading reading{.family = family, .path = path};

@@ -76,8 +76,7 @@ struct FileFamily {
 };
 
 // Reads a file of a family into the input tables; true if it was read to its end. False after a message: no
-// such file
-// ("File Not Found"), or a line that is refused; the tables then hold what they held before.
+// such file ("File Not Found"), or a line that is refused; the tables then hold what they held before.
 bool ReadTaggedFile(const std::string& path, const FileFamily& family);
 
 // Actions for the rules of a family.

@@ -50,14 +50,6 @@ std::string DecideOutputUnits(const CoordSystemRef& system) {
     return vertical;
 }
 
-struct UnitLetter {
-    std::string_view name;
-    const char* letter;
-};
-
-constexpr UnitLetter UnitLetters[] = {
-    {"Meters", "M"}, {"U.S. Survey Feet", "F"}, {"International Feet", "I"}};
-
 // The part of `name` before its first "-" and the part behind it, both trimmed.
 struct LongName {
     explicit LongName(std::string_view name) {
@@ -173,8 +165,8 @@ bool WriteTaggedFile(const std::string& path, const WriterFamily& family) {
     SurveyTables& tables = Tables();
     CoordSystemRef& system = tables.OutputHeader.System;
     const std::string units = DecideOutputUnits(system);
-    for (const UnitLetter& unit : UnitLetters)
-        if (units == unit.name) system.HorizontalUnits = unit.letter;
+    const std::string_view letter = Distances_GET_UnitLetter(units);
+    if (!letter.empty()) system.HorizontalUnits = letter;
     WriteTextFile(path, [&](TextFileOut& file) {
         PrintHeader(file, tables.OutputHeader, units);
         PrintPoints(file, tables.OutputPoints, family, units);

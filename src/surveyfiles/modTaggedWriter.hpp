@@ -20,9 +20,9 @@ struct WriterFamily {
 };
 
 // Prints OutputHeader and OutputPoints; true when the file is written. Values are carried to the unit of the
-// file first and kept so in OutputPoints, and the header's horizontal unit becomes its letter. A geographic
-// set that was converted is told about the angle format of the file ("Angle Format"). A fault of the file
-// system passes on, the old file kept.
+// file first and kept so in OutputPoints, and the header's horizontal unit becomes its letter. A set
+// that was converted and is geographic, or has one unit for plane and heights, is told about the angle format
+// of the file ("Angle Format"). A fault of the file system passes on, the old file kept.
 bool WriteTaggedFile(const std::string& path, const WriterFamily& family);
 
 // A line of a tag and a number with a fixed count of decimals.

@@ -1,12 +1,6 @@
 #include "texttools/modSearchReplace.hpp"
 
 #include <algorithm>
-#include <bitset>
-#include <cstdint>
-#include <cstring>
-#include <deque>
-#include <limits>
-#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -19,136 +13,13 @@
 #include "platform/modText.hpp"
 #include "platform/modTextFileIn.hpp"
 #include "platform/modTextFileOut.hpp"
+#include "texttools/modLineList.hpp"
 #include "texttools/modTagMath.hpp"
 
 namespace tarvek {
 namespace {
 
 constexpr std::string_view InvalidCommand = "Invalid Search and Replace Command";
-
-// The first two bytes of a line as one number, NUL where it has fewer. A command looks for its tag among
-// these keys alone, and touches a line only where the key fits.
-using Key = std::uint16_t;
-
-Key KeyOf(std::string_view text) {
-    const auto byteAt = [&](std::size_t at) {
-        return at < text.size() ? static_cast<unsigned char>(text[at]) : 0U;
-    };
-    return static_cast<Key>(byteAt(0) | byteAt(1) << 8);
-}
-
-// The bits of a key that a tag of this length decides.
-Key MaskOf(std::size_t tagLength) {
-    constexpr Key Masks[] = {0x0000, 0x00FF, 0xFFFF};
-    return Masks[tagLength < 2 ? tagLength : 2];
-}
-
-// Up to 65,536 lines with their keys. A line's bytes stand behind their length in a chunk of memory that
-// never moves; a line that outgrows its place gets a new one.
-class LineBlock {
-  public:
-    LineBlock() {
-        keys_.reserve(MostLines);
-        places_.reserve(MostLines);
-    }
-
-    bool IsFull() const { return keys_.size() == MostLines; }
-    std::size_t Count() const { return keys_.size(); }
-    const Key* Keys() const { return keys_.data(); }
-
-    std::string_view Line(std::size_t index) const {
-        const char* const place = places_[index];
-        return {place + sizeof(Length), LengthAt(place)};
-    }
-
-    // Appends a line in upper case and gives its key.
-    Key AppendUpperCase(std::string_view text) {
-        char* const place = Store(text);
-        UpperCase(place + sizeof(Length), text.size());
-        places_.push_back(place);
-        keys_.push_back(KeyOf(Line(keys_.size())));
-        return keys_.back();
-    }
-
-    // Puts `text`, which must not be the line itself, in place of a line and gives its key.
-    Key Replace(std::size_t index, std::string_view text) {
-        char* const place = places_[index];
-        const std::size_t room = LengthAt(place);
-        if (text.size() <= room) {
-            Put(place, text);
-            wasted_ += room - text.size();
-        } else {
-            places_[index] = Store(text);
-            wasted_ += sizeof(Length) + room;
-        }
-        keys_[index] = KeyOf(text);
-        if (wasted_ > ChunkSize && wasted_ > used_ / 2) Compact();
-        return keys_[index];
-    }
-
-  private:
-    using Length = std::uint32_t;
-
-    static constexpr std::size_t MostLines = 64 * 1024;
-    static constexpr std::size_t ChunkSize = 32 * 1024;
-
-    static Length LengthAt(const char* place) {
-        Length length = 0;
-        std::memcpy(&length, place, sizeof length);
-        return length;
-    }
-
-    static void Put(char* place, std::string_view text) {
-        const auto length = static_cast<Length>(text.size());
-        std::memcpy(place, &length, sizeof length);
-        std::memcpy(place + sizeof length, text.data(), text.size());
-    }
-
-    char* Store(std::string_view text) {
-        if (text.size() > std::numeric_limits<Length>::max()) RaiseFault(Fault::Overflow);
-        const std::size_t size = sizeof(Length) + text.size();
-        if (size > room_) {
-            room_ = size > ChunkSize ? size : ChunkSize;
-            chunks_.push_back(std::make_unique_for_overwrite<char[]>(room_));
-            free_ = chunks_.back().get();
-        }
-        char* const place = free_;
-        Put(place, text);
-        free_ += size;
-        room_ -= size;
-        used_ += size;
-        return place;
-    }
-
-    // Moves the lines into new chunks, without what has been left behind between them.
-    void Compact() {
-        const std::vector<std::unique_ptr<char[]>> old = std::move(chunks_);
-        chunks_.clear();
-        room_ = used_ = wasted_ = 0;
-        for (char*& place : places_) place = Store({place + sizeof(Length), LengthAt(place)});
-    }
-
-    std::vector<Key> keys_;
-    std::vector<char*> places_;
-    std::vector<std::unique_ptr<char[]>> chunks_;
-    char* free_ = nullptr;    // where the next text goes
-    std::size_t room_ = 0;    // bytes that are left there
-    std::size_t used_ = 0;    // bytes taken in all chunks
-    std::size_t wasted_ = 0;  // those of them that no line needs any more
-};
-
-// The lines of the input file, in blocks, with the keys that occur or once occurred among them.
-struct LineList {
-    std::deque<LineBlock> blocks;
-    std::bitset<std::numeric_limits<Key>::max() + 1> keys;
-
-    void Append(std::string_view line) {
-        if (blocks.empty() || blocks.back().IsFull()) blocks.emplace_back();
-        keys.set(blocks.back().AppendUpperCase(line));
-    }
-
-    bool MayHold(std::string_view tag) const { return tag.size() < 2 || keys.test(KeyOf(tag)); }
-};
 
 // Lists that are kept from run to run: each is started anew by the first element that is read.
 struct SearchReplaceState {
@@ -160,8 +31,9 @@ struct SearchReplaceState {
 
 SearchReplaceState State;
 
-bool TellFileNotFound(const std::string& path) {
-    TellFault("The file '" + path + "' can not be found.", "File Not Found");
+bool IsFound(const std::string& path) {
+    if (FileExists(path)) return true;
+    TellFileNotFound(path);
     return false;
 }
 
@@ -256,28 +128,12 @@ bool ApplyToLine(const SearchReplaceCommand& command, LineBlock& block, std::siz
     return true;
 }
 
-constexpr std::uint64_t EachKey = 0x0001000100010001U;
-
-// Whether one of four keys may fit; looked at together, since most do not. (The test for a zero lane is from
-// H. S. Warren, Hacker's Delight, 6-1.)
-bool MayFit(const Key* four, std::uint64_t tagKeys, std::uint64_t masks) {
-    std::uint64_t lanes = 0;
-    std::memcpy(&lanes, four, sizeof lanes);
-    lanes = (lanes & masks) ^ tagKeys;
-    return ((lanes - EachKey) & ~lanes & (EachKey << 15)) != 0;
-}
-
 bool ApplyToBlock(const SearchReplaceCommand& command, LineBlock& block) {
     const Key mask = MaskOf(command.FindTag.size());
     const Key tagKey = KeyOf(command.FindTag);
     const Key* const keys = block.Keys();
-    const std::size_t count = block.Count();
-    for (std::size_t start = 0; start < count; start += 4) {
-        const std::size_t end = start + 4 < count ? start + 4 : count;
-        if (end - start == 4 && !MayFit(keys + start, tagKey * EachKey, mask * EachKey)) continue;
-        for (std::size_t i = start; i < end; ++i)
-            if ((keys[i] & mask) == tagKey && !ApplyToLine(command, block, i)) return false;
-    }
+    for (std::size_t i = 0, count = block.Count(); i < count; ++i)
+        if ((keys[i] & mask) == tagKey && !ApplyToLine(command, block, i)) return false;
     return true;
 }
 
@@ -327,7 +183,7 @@ bool RunSearchReplace(const std::string& inputFile, const std::string& outputFil
 }
 
 bool ReadSearchInput(const std::string& path) {
-    if (!FileExists(path)) return TellFileNotFound(path);
+    if (!IsFound(path)) return false;
     TextFileIn file(path);
     bool isFirst = true;
     for (std::string_view line; file.NextLine(line);) {
@@ -341,7 +197,7 @@ bool ReadSearchInput(const std::string& path) {
 }
 
 bool ReadTrnFile(const std::string& path) {
-    if (!FileExists(path)) return TellFileNotFound(path);
+    if (!IsFound(path)) return false;
     TextFileIn file(path);
     State.HasCommands = false;
     for (std::string_view line; file.NextLine(line);) {

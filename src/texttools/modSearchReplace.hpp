@@ -1,7 +1,8 @@
 #pragma once
 // Search and replace over a tagged survey file, by the commands of a .TRN file. The work is on lines of text,
 // not on survey records, and is all in memory: the output file is written at the end, and only if no command
-// failed. What comes out is in upper case, without blank lines and without items that have no value.
+// failed. What comes out is in upper case, without blank lines and without items that have no value (but for
+// those among several that replaced one). Letters beyond ASCII in a line of UTF-8 keep their case.
 //
 // The .TRN file has one command a line, in any letter case:
 //
@@ -16,15 +17,17 @@
 #include <string>
 #include <string_view>
 
+#include "surveyfiles/modSurveyRecords.hpp"
+
 namespace tarvek {
 
 struct SearchReplaceCommand {
-    std::string FindTag;          // what a line must begin with
-    std::string FindValue;        // what the value must begin with; empty for any value
-    std::string ReplaceText;      // replaces tag and find value; several items are parted by CR LF
-    std::string MathOperator;     // "+", "-", "*" or "/"; empty for a command that is not arithmetic
-    std::string MathType;         // class of FindTag, see ClassifyMathTag; empty likewise
-    double MathValue = -99999.0;  // the operand; -99999 likewise
+    std::string FindTag;         // what a line must begin with
+    std::string FindValue;       // what the value must begin with; empty for any value
+    std::string ReplaceText;     // replaces tag and find value; several items are parted by CR LF
+    std::string MathOperator;    // "+", "-", "*" or "/"; empty for a command that is not arithmetic
+    std::string MathType;        // class of FindTag, see ClassifyMathTag; empty likewise
+    double MathValue = NoValue;  // the operand; -99999 likewise
 };
 
 // Applies a .TRN file to an input file. True when the output file has been written; a refusal has been told.

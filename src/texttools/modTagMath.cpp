@@ -28,7 +28,7 @@ constexpr TagClass TagClasses[] = {
      "ZE ZZ"},
 };
 
-// The circle at 15 significant digits; not to be computed from pi.
+// The circle, cut at 15 significant digits, and its parts; not to be computed from pi.
 constexpr double Pi = 3.14159265358979;
 constexpr double TwoPi = 6.28318530717958;
 constexpr double ThreeHalvesPi = 4.712388980384685;
@@ -89,32 +89,28 @@ std::string AngleMath(const Arithmetic& math) {
     return Angles_GET_TextDMSPacked(LessFullCircles(result), 0);
 }
 
-double Same(double radians) { return radians; }
-double FromPi(double radians) { return Pi - radians; }
-double FromTwoPi(double radians) { return TwoPi - radians; }
-double PlusPi(double radians) { return radians + Pi; }
-double MinusPi(double radians) { return radians - Pi; }
-
+// The azimuth of a bearing in a quadrant is origin + sense * bearing.
 struct Quadrant {
     char first;
     char second;
     double above;  // the azimuths of the quadrant lie strictly between these two
     double below;
-    double (*azimuthOf)(double bearing);
-    double (*bearingOf)(double azimuth);
+    double origin;
+    double sense;
 };
 
 constexpr Quadrant Quadrants[] = {
-    {'N', 'W', ThreeHalvesPi, TwoPi, FromTwoPi, FromTwoPi},
-    {'S', 'W', Pi, ThreeHalvesPi, PlusPi, MinusPi},
-    {'S', 'E', HalfPi, Pi, FromPi, FromPi},
-    {'N', 'E', -HUGE_VAL, HalfPi, Same, Same},
+    {'N', 'W', ThreeHalvesPi, TwoPi, TwoPi, -1},
+    {'S', 'W', Pi, ThreeHalvesPi, Pi, 1},
+    {'S', 'E', HalfPi, Pi, Pi, -1},
+    {'N', 'E', -HUGE_VAL, HalfPi, 0, 1},
 };
 
 // The azimuth of a bearing; letters of no quadrant are taken for N and E.
 double AzimuthOf(char first, char second, double bearing) {
     for (const Quadrant& quadrant : Quadrants)
-        if (quadrant.first == first && quadrant.second == second) return quadrant.azimuthOf(bearing);
+        if (quadrant.first == first && quadrant.second == second)
+            return quadrant.origin + quadrant.sense * bearing;
     return bearing;
 }
 
@@ -135,11 +131,9 @@ std::string BearingMath(const Arithmetic& math) {
         LessFullCircles(Combined(AzimuthOf(first, second, bearing), math.mathOperator, operand));
     for (const Quadrant& quadrant : Quadrants)
         if (quadrant.above < azimuth && azimuth < quadrant.below)
-            return BearingText(quadrant.first, quadrant.second, quadrant.bearingOf(azimuth));
+            return BearingText(quadrant.first, quadrant.second, quadrant.sense * (azimuth - quadrant.origin));
     return BearingText(first, second, azimuth);
 }
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Where a text of digits, a point, digits, a sign and blanks, read from the end, has its beginning.
 std::size_t NumericTailShape(std::string_view name) {

@@ -144,7 +144,7 @@ TEST_F(MainTest, ShowsTheDialogWithTheDefaultsOfACaller) {
     EXPECT_EQ(dialogsShown, 1);
     const TranslateDefaults& defaults = CurrentTranslateDefaults();
     EXPECT_TRUE(defaults.ShowResult);
-    EXPECT_EQ(defaults.InputFolder, "C:/In Folder/");
+    EXPECT_EQ(defaults.InputFolder, "C:\\In Folder\\") << "taken as given";
     EXPECT_EQ(defaults.OutputFolder, "/out/");
     EXPECT_EQ(defaults.FilterFolder, home.File("TRNFiles"));
     EXPECT_EQ(defaults.BaseName, "base name");

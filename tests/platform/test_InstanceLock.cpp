@@ -100,10 +100,16 @@ TEST_F(Lock, LinkToTheFolderIsTheFolder) {
     EXPECT_FALSE(InstanceLock(folder.File("link")).Held());
 }
 
-TEST_F(Lock, LiesInTheRuntimeFolder) {
+TEST_F(Lock, LiesInTheRuntimeFolderAndAmongTheTemporaryFiles) {
     const InstanceLock lock("/opt/tarvek");
     EXPECT_EQ(runtime_.Names().size(), 1U);
-    EXPECT_EQ(temporary_.Names().size(), 0U);
+    EXPECT_EQ(temporary_.Names(), std::vector<std::string>{ownFolder_});
+}
+
+TEST_F(Lock, IsMetByAStartWithoutTheRuntimeFoldersVariable) {
+    const InstanceLock lock("/opt/tarvek");
+    const Variable runtime("XDG_RUNTIME_DIR", nullptr);
+    EXPECT_FALSE(InstanceLock("/opt/tarvek").Held());
 }
 
 TEST_F(Lock, LiesAmongTemporaryFilesWithoutAUsableRuntimeFolder) {

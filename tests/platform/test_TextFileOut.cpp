@@ -109,17 +109,25 @@ TEST(TextFileOut, BackslashPartsFolders) {
     EXPECT_EQ(ReadBytes(folder.File("sub/out.txt")), "x\r\n");
 }
 
-TEST(TextFileOut, FaultOfTheRunLeavesWhatWasPrinted) {
+void PrintUntilAFaultOfTheRun(TextFileOut& file) {
+    file.Line("begun");
+    RaiseFault(Fault::TypeMismatch);
+}
+
+TEST(TextFileOut, FaultOfTheRunLeavesWhatWasPrintedWhereNoFileWas) {
+    const TemporaryFolder folder;
+    const std::string path = folder.File("out.txt");
+    EXPECT_EQ(FaultNumberOf([&] { WriteTextFile(path, PrintUntilAFaultOfTheRun); }), 13);
+    EXPECT_EQ(ReadBytes(path), "begun\r\n");
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{"out.txt"});
+}
+
+TEST(TextFileOut, FaultOfTheRunLeavesTheOldFile) {
     const TemporaryFolder folder;
     const std::string path = folder.Put("out.txt", OldBytes);
-    EXPECT_EQ(FaultNumberOf([&] {
-                  WriteTextFile(path, [](TextFileOut& file) {
-                      file.Line("begun");
-                      RaiseFault(Fault::TypeMismatch);
-                  });
-              }),
-              13);
-    EXPECT_EQ(ReadBytes(path), "begun\r\n");
+    EXPECT_EQ(FaultNumberOf([&] { WriteTextFile(path, PrintUntilAFaultOfTheRun); }), 13);
+    EXPECT_EQ(ReadBytes(path), OldBytes);
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{"out.txt"});
 }
 
 TEST(TextFileOut, FaultOfTheFileSystemLeavesTheOldFile) {

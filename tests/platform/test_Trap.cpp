@@ -37,7 +37,7 @@ TEST(Trap, LackOfMemoryIsTold) {
 TEST(Trap, WriteIntoAClosedPipeComesBackAsAnError) {
     const pid_t child = ::fork();
     if (child == 0) {
-        IgnoreWriteSignals();
+        PrepareProcess();
         int ends[2];
         if (::pipe(ends) != 0) ::_exit(2);
         ::close(ends[0]);

@@ -186,7 +186,6 @@ TEST_F(ControlFileFaults, AreToldForBrokenFilesAndNothingElseHappens) {
 // Half-written outputs
 
 TEST_F(ControlFileFaults, KeepWhatWasPrintedBeforeThem) {
-    folder.Put("output.ctl", "old");
     AddPoint("A", 0);
     AddPoint("B", 1e308);  // more feet than a double holds
     AddPoint("C", 0);
@@ -195,6 +194,14 @@ TEST_F(ControlFileFaults, KeepWhatWasPrintedBeforeThem) {
     EXPECT_EQ(test::ReadBytes(folder.File("output.ctl")),
               Lines({"AC:PR", "UL:F"}) + ProgramAndDate() +
                   Lines({"AC:OS", "PN:A", "YC:0.0000", "XC:3.2808", "ZC:6.5617", "AC:OS", "PN:B"}));
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{"output.ctl"});
+}
+
+TEST_F(ControlFileFaults, KeepAFileThatWasThereBefore) {
+    folder.Put("output.ctl", "old");
+    AddPoint("A", std::numeric_limits<double>::infinity());
+    ExpectWriteFault(Fault::Overflow);
+    EXPECT_EQ(test::ReadBytes(folder.File("output.ctl")), "old");
     EXPECT_EQ(folder.Names(), std::vector<std::string>{"output.ctl"});
 }
 
