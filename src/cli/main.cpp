@@ -42,17 +42,17 @@ const FileType& ChooseType(const std::string& key, const std::string& path, cons
                            FileRoutine FileType::*routine) {
     const std::string known = KeysWith(routine);
     const FileType* type = key.empty() ? FileTypeOfPath(path) : FileTypeOfKey(key);
+    const auto isNone = [&](std::string_view name) {
+        return CLI::ValidationError(option, "not '" + std::string(name) + "', but one of: " + known);
+    };
     if (type == nullptr && key.empty())
         throw CLI::ValidationError(option,
                                    "the name '" + path + "' does not tell the format; name one of: " + known);
-    if (type != nullptr && type->*routine == nullptr && type->writeConverted != nullptr)
-        throw CLI::ValidationError(
-            option,
-            "'" + std::string(type->key) + "' is written only with an output system: --out-cs and the like");
-    if (type == nullptr || type->*routine == nullptr)
-        throw CLI::ValidationError(
-            option, "not '" + (key.empty() ? std::string(type->key) : key) + "', but one of: " + known);
-    return *type;
+    if (type == nullptr) throw isNone(key);
+    if (type->*routine != nullptr) return *type;
+    if (type->writeConverted == nullptr) throw isNone(type->key);
+    throw CLI::ValidationError(option, "'" + std::string(type->key) +
+                                           "' is written only with an output system: --out-cs and the like");
 }
 
 bool IsSameFile(const std::string& a, const std::string& b) {
