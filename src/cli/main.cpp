@@ -9,8 +9,11 @@
 
 #include "cli/modCommands.hpp"
 #include "cli/modLibraryCommands.hpp"
+#include "coordmath/modDistances.hpp"
+#include "library/modLibraryNames.hpp"
 #include "platform/modCodePage.hpp"
 #include "platform/modStandardOutput.hpp"
+#include "platform/modText.hpp"
 #include "platform/modTrap.hpp"
 
 namespace {
@@ -69,17 +72,47 @@ void RequireReportOfItsOwn(const CLI::App& command, const ConvertOptions& option
         throw CLI::ValidationError("--report", "the report can not go where INPUT or OUTPUT is");
 }
 
-void AddOutputSystemOptions(CLI::App& command, OutputSystemOptions& options) {
-    CoordSystemRef& system = options.system;
-    command.add_option("--out-cs", system.CS, "Coordinate system of OUTPUT; by default that of INPUT");
-    command.add_option("--out-zone", system.ZN, "Zone");
-    command.add_option("--out-hd", system.HD, "Horizontal datum");
-    command.add_option("--out-hunits", system.HorizontalUnits, "Horizontal unit");
-    command.add_option("--out-vd", system.VD, "Vertical datum");
-    command.add_option("--out-vunits", system.VerticalUnits, "Vertical unit");
-    command.add_flag("!--no-scale", options.scale, "Leave scale factors out");
-    command.add_flag("!--no-convergence", options.convergence, "Leave convergence angles out");
-    command.add_flag("--lat-long", options.latLong, "Write latitudes and longitudes too");
+// The long name of a unit told by name or letter in any case, or the format of angles.
+std::string UnitNamed(const std::string& text, bool angular) {
+    std::string known;
+    for (const std::string_view unit : LinearUnits) {
+        if (EqualsIgnoringCase(unit, text) || EqualsIgnoringCase(Distances_GET_UnitLetter(unit), text))
+            return std::string(unit);
+        known.append(known.empty() ? "" : ", ").append(unit);
+    }
+    for (const std::string_view format : AngularFormats) {
+        if (!angular) break;
+        if (EqualsIgnoringCase(format, text)) return std::string(format);
+        known.append(", ").append(format);
+    }
+    throw CLI::ValidationError("'" + text + "' is none of: " + known);
+}
+
+std::string HorizontalUnitNamed(const std::string& text) { return UnitNamed(text, true); }
+std::string VerticalUnitNamed(const std::string& text) { return UnitNamed(text, false); }
+
+// The options of one side, "in" or "out".
+void AddSystemOptions(CLI::App& command, const std::string& side, const std::string& file,
+                      CoordSystemRef& system) {
+    const auto add = [&](const char* name, std::string& member, const std::string& text) {
+        return command.add_option("--" + side + "-" + name, member, text)
+            ->group("Coordinate system of " + file);
+    };
+    add("cs", system.CS, "Coordinate system, such as SPC83, or GCS for latitudes and longitudes");
+    add("zone", system.ZN, "Zone, such as 2600");
+    add("hd", system.HD, "Horizontal datum, such as \"NAD 83\"");
+    add("hunits", system.HorizontalUnits, "Horizontal unit: M, F, I or its name; format of angles")
+        ->transform(HorizontalUnitNamed);
+    add("vd", system.VD, "Vertical datum, such as \"NAVD 88\"");
+    add("vunits", system.VerticalUnits, "Vertical unit: M, F, I or its name")->transform(VerticalUnitNamed);
+}
+
+void AddConversionOptions(CLI::App& command, ConversionChoices& choices) {
+    AddSystemOptions(command, "in", "INPUT, in place of what the file says", choices.input);
+    AddSystemOptions(command, "out", "OUTPUT, by default that of INPUT", choices.output);
+    command.add_flag("!--no-scale", choices.scale, "Leave scale factors out");
+    command.add_flag("!--no-convergence", choices.convergence, "Leave convergence angles out");
+    command.add_flag("--lat-long", choices.latLong, "Write latitudes and longitudes too");
 }
 
 // Every command is added with what it takes and what it does; `status` is what its run comes to.
@@ -101,17 +134,18 @@ void AddConvertCommand(CLI::App& app, int& status) {
                            KeysWith(&FileType::writeConverted) + "); default by extension");
     command.add_option("--report", options.report,
                        "Write what happened to this file, as JSON; - for standard output");
-    AddOutputSystemOptions(command, options.outputSystem);
+    AddConversionOptions(command, options.conversion);
     command.footer(
         "Example: turn the data sheets that NGS has sent into a control file\n"
         "  tarvek convert datasheets.txt control.ctl\n"
         "The same in a script, with the output replaced and datum conflicts accepted\n"
-        "  tarvek convert datasheets.txt control.ctl --force --yes --report run.json");
+        "  tarvek convert datasheets.txt control.ctl --force --yes --report run.json\n"
+        "Carry a control file to a zone of state plane coordinates, in its own unit\n"
+        "  tarvek convert control.ctl nebraska.ctl --out-cs SPC83 --out-zone 2600");
     command.callback([arguments, &command, &options, &status] {
         options.from = &ChooseType(arguments->from, options.input, "--from", &FileType::read);
-        options.to =
-            &ChooseType(arguments->to, options.output, "--to",
-                        options.outputSystem.IsGiven() ? &FileType::writeConverted : &FileType::write);
+        options.to = &ChooseType(arguments->to, options.output, "--to",
+                                 options.conversion.IsGiven() ? &FileType::writeConverted : &FileType::write);
         RequireReportOfItsOwn(command, options);
         status = RunConvertCommand(options);
     });

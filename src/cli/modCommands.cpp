@@ -58,9 +58,10 @@ int RunTranslation(const RunOptions& options, AnsweringPrompts& prompts, const T
     });
 }
 
-bool ReadInput(const FileType& type, const std::string& path, FileReport& report) {
+bool ReadInput(const ConvertOptions& options, const std::string& path, FileReport& report) {
     ClearInputTables();
-    if (!type.read(path)) return false;
+    if (!options.from->read(path)) return false;
+    OverrideInputSystem(options.conversion.input);
     const SurveyTables& tables = Tables();
     report.points = tables.InputPoints.size();
     report.chains = tables.InputChains.size();
@@ -68,12 +69,8 @@ bool ReadInput(const FileType& type, const std::string& path, FileReport& report
     return true;
 }
 
-constexpr std::string CoordSystemRef::*SystemMembers[] = {
-    &CoordSystemRef::CS, &CoordSystemRef::ZN,           &CoordSystemRef::HD, &CoordSystemRef::HorizontalUnits,
-    &CoordSystemRef::VD, &CoordSystemRef::VerticalUnits};
-
 // Fills the output tables, by way of a coordinate conversion where an output system is given.
-bool FillOutput(const OutputSystemOptions& options) {
+bool FillOutput(const ConversionChoices& options) {
     SurveyTables& tables = Tables();
     if (!options.IsGiven()) {
         CopyInputToOutput();
@@ -82,10 +79,7 @@ bool FillOutput(const OutputSystemOptions& options) {
     tables.Options.ComputeScale = options.scale;
     tables.Options.ComputeConvergence = options.convergence;
     tables.Options.ComputeLatLong = options.latLong;
-    CoordSystemRef output = tables.InputHeader.System;
-    for (const auto member : SystemMembers)
-        if (!(options.system.*member).empty()) output.*member = options.system.*member;
-    return ConvertInputToOutput(output);
+    return ConvertInputToOutput(options.output);
 }
 
 bool WriteOutput(FileRoutine write, const std::string& path, FileReport& report) {
@@ -99,9 +93,11 @@ bool WriteOutput(FileRoutine write, const std::string& path, FileReport& report)
 
 }  // namespace
 
-bool OutputSystemOptions::IsGiven() const {
-    return std::any_of(std::begin(SystemMembers), std::end(SystemMembers),
-                       [this](auto member) { return !(system.*member).empty(); });
+bool ConversionChoices::IsGiven() const {
+    const std::string* const members[] = {
+        &output.CS, &output.ZN, &output.HD, &output.HorizontalUnits, &output.VD, &output.VerticalUnits};
+    return std::any_of(std::begin(members), std::end(members),
+                       [](const std::string* member) { return !member->empty(); });
 }
 
 int RunConvertCommand(const ConvertOptions& options) {
@@ -113,9 +109,9 @@ int RunConvertCommand(const ConvertOptions& options) {
     report.output.format = options.to->key;
     const int status =
         RunTranslation(options, prompts, [&](const std::string& input, const std::string& output) {
-            if (!ReadInput(*options.from, input, report.input)) return false;
-            if (!FillOutput(options.outputSystem)) return false;
-            const bool isConverted = options.outputSystem.IsGiven();
+            if (!ReadInput(options, input, report.input)) return false;
+            if (!FillOutput(options.conversion)) return false;
+            const bool isConverted = options.conversion.IsGiven();
             return WriteOutput(isConverted ? options.to->writeConverted : options.to->write, output,
                                report.output);
         });

@@ -20,10 +20,11 @@ struct RunOptions {
     std::optional<bool> progress;  // whether a bar is drawn; on a terminal where not said
 };
 
-// The coordinate system to carry the points to. What is left out stays as the input's; with anything given
-// the file goes by way of a coordinate conversion.
-struct OutputSystemOptions {
-    CoordSystemRef system;
+// What the input says of its system is overridden by the members named here; with any member of the output
+// named the file goes by way of a coordinate conversion.
+struct ConversionChoices {
+    CoordSystemRef input;
+    CoordSystemRef output;
     bool scale = true;
     bool convergence = true;
     bool latLong = false;
@@ -35,7 +36,7 @@ struct ConvertOptions : RunOptions {
     const FileType* from = nullptr;
     const FileType* to = nullptr;
     std::string report;  // path of the JSON report, or empty
-    OutputSystemOptions outputSystem;
+    ConversionChoices conversion;
 };
 
 struct ReplaceOptions : RunOptions {

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "surveyfiles/modSurveyRecords.hpp"
+#include "platform/modNumbers.hpp"
 
 namespace tarvek {
 namespace {
@@ -40,13 +40,27 @@ std::string_view Distances_GET_UnitLetter(std::string_view name) {
 }
 
 double Distances_GET_Convert(double value, std::string_view unitFrom, std::string_view unitTo) {
-    if (unitFrom == unitTo) return value;
-    if (value == NoValue) return NoValue;
+    return DistanceConversion(unitFrom, unitTo)(value);
+}
+
+DistanceConversion::DistanceConversion(std::string_view unitFrom, std::string_view unitTo) {
     const Unit* from = FindUnit(unitFrom);
-    if (from == nullptr) return value;
+    if (unitFrom == unitTo || from == nullptr) return;
     const Unit* to = FindUnit(unitTo);
-    if (to == nullptr) return NoValue;
-    return from == to ? value : value * from->factors[to - std::begin(Units)];
+    isKnown_ = to != nullptr;
+    if (isKnown_) factor_ = from->factors[to - std::begin(Units)];
+}
+
+RecordDistances::RecordDistances(std::string_view unitTo)
+    : unitTo_(unitTo), unitFrom_(unitTo), conversion_(unitTo, unitTo) {}
+
+float RecordDistances::Convert(float value, Word unitFrom) {
+    return SingleFromNumber(Convert(double{value}, unitFrom));
+}
+
+void RecordDistances::Begin(Word unitFrom) {
+    unitFrom_ = unitFrom;
+    conversion_ = DistanceConversion(unitFrom, unitTo_);
 }
 
 }  // namespace tarvek

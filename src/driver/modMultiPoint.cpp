@@ -1,67 +1,110 @@
 #include "driver/modMultiPoint.hpp"
 
+#include "coordmath/modAngles.hpp"
+#include "coordmath/modConversionChoice.hpp"
+#include "coordmath/modCoordConvert.hpp"
+#include "coordmath/modDistances.hpp"
 #include "library/modComboBoxList.hpp"
+#include "library/modErrorState.hpp"
+#include "library/modLibraryNames.hpp"
 #include "library/modMisc.hpp"
 #include "platform/modPrompts.hpp"
 
 namespace tarvek {
 namespace {
 
-// The item of the list that `name` selects, or `name` where it selects none.
-std::string Selected(ComboBoxList& list, const std::string& name) {
-    SET_ComboBoxText(list, name);
-    return list.ListIndex() < 0 ? name : list.Text();
+// Tells why a list could not be filled to its end; the names in it serve all the same.
+void TellLoad(bool isLoaded) {
+    if (!isLoaded) TellFault(GET_ErrorMessage());
 }
 
-// The stages of a conversion by what they change. Lengths in another unit need none: writers carry them over.
-struct Stage {
-    std::string CoordSystemRef::*changes;
-    const char* name;
-};
+constexpr std::string CoordSystemRef::*SystemMembers[] = {
+    &CoordSystemRef::CS, &CoordSystemRef::ZN,           &CoordSystemRef::HD, &CoordSystemRef::HorizontalUnits,
+    &CoordSystemRef::VD, &CoordSystemRef::VerticalUnits};
 
-constexpr Stage Stages[] = {
-    {&CoordSystemRef::CS, "coordinate system"},
-    {&CoordSystemRef::ZN, "zone"},
-    {&CoordSystemRef::HD, "horizontal datum"},
-    {&CoordSystemRef::VD, "vertical datum"},
-};
-
-// The first stage that the way from one system to the other has; nullptr where points need not be computed.
-const Stage* FirstStage(const CoordSystemRef& input, const CoordSystemRef& output) {
-    for (const Stage& stage : Stages)
-        if (input.*stage.changes != output.*stage.changes) return &stage;
-    return nullptr;
+void TakeNamed(CoordSystemRef& system, const CoordSystemRef& named) {
+    for (const auto member : SystemMembers)
+        if (!(named.*member).empty()) system.*member = named.*member;
 }
 
-bool TellMissing(const Stage& stage) {
-    const ConversionOptions& options = Tables().Options;
-    std::string text = "This version can not carry points to another ";
-    text.append(stage.name).append(": from '").append(options.InputSystem.*stage.changes);
-    text.append("' to '").append(options.OutputSystem.*stage.changes).append("'.");
-    TellFault(text);
+bool IsGeographic(const CoordSystemRef& system) { return system.CS == GeographicSystem; }
+
+// The system with coordinate system and zone in the library's long form where they are short names: "SPC83"
+// and "2600" become "SPC83 - State Plane 1983" and "2600 - Nebraska". Names that the lists of that side do
+// not have stay as they are, both of them, for the conversion to look up.
+CoordSystemRef WithLongNames(const CoordSystemRef& system, bool inputSide) {
+    ComboBoxList systems;
+    TellLoad(LOAD_CS_ComboBoxList(systems));
+    systems.Add(GeographicSystem);
+    SET_ComboBoxText(systems, system.CS);
+    if (systems.ListIndex() < 0) return system;
+    CoordSystemRef named = system;
+    named.CS = systems.Text();
+    if (IsGeographic(named)) return named;
+    ComboBoxList zones;
+    TellLoad(LOAD_Zones_ComboBoxList(zones, inputSide, named.CS));
+    SET_ComboBoxText(zones, system.ZN);
+    if (zones.ListIndex() < 0) return system;
+    named.ZN = zones.Text();
+    return named;
+}
+
+// What a file leaves open: a zone tells its own datum, and no vertical datum is told as none.
+CoordSystemRef InputSystemOf(const CoordSystemRef& read) {
+    CoordSystemRef input = WithLongNames(read, true);
+    if (input.HD.empty()) input.HD = GET_ZoneDefaults(input.CS, input.ZN).horizontalDatum;
+    if (input.VD.empty()) input.VD = NoDatum;
+    return input;
+}
+
+// The input's system with what is named in its place. Zone and unit do not pass between plane and geographic
+// systems: the geographic one has no zone and its own format of angles, a zone has a linear unit of its own.
+CoordSystemRef OutputSystemFrom(const CoordSystemRef& input, const CoordSystemRef& named) {
+    CoordSystemRef output = input;
+    TakeNamed(output, named);
+    output = WithLongNames(output, false);
+    if (IsGeographic(output) == IsGeographic(input)) return output;
+    if (IsGeographic(output)) {
+        output.ZN = named.ZN;
+        output.HorizontalUnits = AngleFormatDMS;
+    } else {
+        output.HorizontalUnits = GET_ZoneDefaults(output.CS, output.ZN).linearUnits;
+    }
+    if (!named.HorizontalUnits.empty()) output.HorizontalUnits = named.HorizontalUnits;
+    return output;
+}
+
+// Whether lengths on the plane can be told in the system's unit.
+bool HasUnitOfItsKind(const CoordSystemRef& system) {
+    if (IsGeographic(system) || !Distances_GET_UnitLetter(system.HorizontalUnits).empty()) return true;
+    TellFault("A plane coordinate system needs a linear unit, and '" + system.HorizontalUnits + "' is none.");
     return false;
 }
 
 }  // namespace
 
-CoordSystemRef WithLongNames(CoordSystemRef system) {
-    ComboBoxList systems;
-    LOAD_CS_ComboBoxList(systems);
-    systems.Add(GeographicSystem);
-    system.CS = Selected(systems, system.CS);
-    ComboBoxList zones;
-    LOAD_Zones_ComboBoxList(zones, true, system.CS);
-    system.ZN = Selected(zones, system.ZN);
-    return system;
+void OverrideInputSystem(const CoordSystemRef& named) {
+    SurveyTables& tables = Tables();
+    TakeNamed(tables.InputHeader.System, named);
+    const Word horizontalUnits(named.HorizontalUnits);
+    const Word verticalUnits(named.VerticalUnits);
+    if (horizontalUnits.empty() && verticalUnits.empty()) return;
+    for (std::size_t i = 0; i < tables.InputPoints.size(); ++i) {
+        PointRecord& point = tables.InputPoints.Change(i);
+        if (!horizontalUnits.empty()) point.HorizontalUnits = horizontalUnits;
+        if (!verticalUnits.empty()) point.VerticalUnits = verticalUnits;
+    }
 }
 
-bool ConvertInputToOutput(const CoordSystemRef& output) {
+bool ConvertInputToOutput(const CoordSystemRef& named) {
     SurveyTables& tables = Tables();
-    tables.Options.InputSystem = WithLongNames(tables.InputHeader.System);
-    tables.Options.OutputSystem = WithLongNames(output);
-    const Stage* missing = FirstStage(tables.Options.InputSystem, tables.Options.OutputSystem);
-    if (missing != nullptr) return TellMissing(*missing);
+    tables.Options.InputSystem = InputSystemOf(tables.InputHeader.System);
+    tables.Options.OutputSystem = OutputSystemFrom(tables.Options.InputSystem, named);
+    if (!CheckConversionChoice(tables.Options)) return false;
+    if (!HasUnitOfItsKind(tables.Options.OutputSystem)) return false;
+    if (IsGeographic(tables.Options.OutputSystem)) tables.Options.ComputeLatLong = true;  // all that there is
     tables.ConversionPoints = CopyAllocated(tables.InputPoints);
+    if (!CoordConvert_Run()) return false;
     tables.CoordinatesConverted = true;
     tables.OutputHeader = tables.InputHeader;
     tables.OutputHeader.System = tables.Options.OutputSystem;

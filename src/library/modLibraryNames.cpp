@@ -4,12 +4,12 @@ namespace tarvek {
 namespace {
 
 constexpr Projection TheProjections[] = {
-    {"Transverse Mercator", ProjectionGroup::OneParallel},
-    {"Lambert Conformal Conic - One Parallel", ProjectionGroup::OneParallel},
-    {"Lambert Conformal Conic - Two Parallels", ProjectionGroup::TwoParallels},
-    {"Oblique Mercator - Hotine", ProjectionGroup::Hotine},
-    {"Transverse Mercator - NAD 27 Equations", ProjectionGroup::OneParallel},
-    {"Lambert Conformal Conic - NAD 27 Equations", ProjectionGroup::TwoParallels},
+    {"Transverse Mercator", ProjectionGroup::OneParallel, "Meters"},
+    {"Lambert Conformal Conic - One Parallel", ProjectionGroup::OneParallel, "Meters"},
+    {"Lambert Conformal Conic - Two Parallels", ProjectionGroup::TwoParallels, "Meters"},
+    {"Oblique Mercator - Hotine", ProjectionGroup::Hotine, "Meters"},
+    {"Transverse Mercator - NAD 27 Equations", ProjectionGroup::OneParallel, "U.S. Survey Feet"},
+    {"Lambert Conformal Conic - NAD 27 Equations", ProjectionGroup::TwoParallels, "U.S. Survey Feet"},
 };
 
 }  // namespace

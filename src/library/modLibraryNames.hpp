@@ -20,6 +20,9 @@ inline constexpr std::string_view DatumVertical = "Vertical";
 inline constexpr std::string_view Datum3D = "3D";
 inline constexpr std::string_view DatumTypes[] = {DatumHorizontal, DatumVertical, Datum3D};
 
+// What stands for a vertical datum where heights have none.
+inline constexpr std::string_view NoDatum = "None";
+
 inline constexpr std::string_view LinearUnits[] = {"Meters", "U.S. Survey Feet", "International Feet"};
 inline constexpr std::string_view AngularFormats[] = {"DDD MM SS.ssss", "DDD.MMSSssss", "DDD.dddddd",
                                                       "DDD MM.mmmm"};
@@ -33,6 +36,7 @@ enum class ProjectionGroup { OneParallel, TwoParallels, Hotine };
 struct Projection {
     std::string_view name;
     ProjectionGroup group;
+    std::string_view unit;  // the linear unit that its equations are in
 };
 
 // The six projections in the order in which they are offered.

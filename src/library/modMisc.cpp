@@ -18,7 +18,6 @@
 namespace tarvek {
 namespace {
 
-constexpr std::string_view NoDatum = "None";
 constexpr int FirstHPGNYear = 1984;
 constexpr int LastHPGNYear = 2025;
 constexpr std::string_view Separators = "\\/";

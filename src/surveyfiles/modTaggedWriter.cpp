@@ -2,6 +2,7 @@
 
 #include "coordmath/modAngles.hpp"
 #include "coordmath/modDistances.hpp"
+#include "library/modLibraryNames.hpp"
 #include "platform/modClock.hpp"
 #include "platform/modFaults.hpp"
 #include "platform/modNumbers.hpp"
@@ -76,7 +77,7 @@ void PrintSystem(TextFileOut& file, const CoordSystemRef& system, const std::str
     const bool hasCounties = coordinateSystem.shortName == "VELCRS" || coordinateSystem.shortName == "VCCS";
     if (zone.hasDescription && hasCounties) file.Line("CO:", zone.description);
     PrintIfAny(file, "HD:", system.HD);
-    if (system.VD != "None") PrintIfAny(file, "VD:", system.VD);
+    if (system.VD != NoDatum) PrintIfAny(file, "VD:", system.VD);
     if (!units.empty()) file.Line("UL:", system.HorizontalUnits);
 }
 

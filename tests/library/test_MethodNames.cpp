@@ -103,17 +103,18 @@ TEST(MethodNames, ComparisonIsExact) {
 
 TEST(Projections, SixInTheOrderInWhichTheyAreOffered) {
     const Projection expected[] = {
-        {"Transverse Mercator", ProjectionGroup::OneParallel},
-        {"Lambert Conformal Conic - One Parallel", ProjectionGroup::OneParallel},
-        {"Lambert Conformal Conic - Two Parallels", ProjectionGroup::TwoParallels},
-        {"Oblique Mercator - Hotine", ProjectionGroup::Hotine},
-        {"Transverse Mercator - NAD 27 Equations", ProjectionGroup::OneParallel},
-        {"Lambert Conformal Conic - NAD 27 Equations", ProjectionGroup::TwoParallels},
+        {"Transverse Mercator", ProjectionGroup::OneParallel, "Meters"},
+        {"Lambert Conformal Conic - One Parallel", ProjectionGroup::OneParallel, "Meters"},
+        {"Lambert Conformal Conic - Two Parallels", ProjectionGroup::TwoParallels, "Meters"},
+        {"Oblique Mercator - Hotine", ProjectionGroup::Hotine, "Meters"},
+        {"Transverse Mercator - NAD 27 Equations", ProjectionGroup::OneParallel, "U.S. Survey Feet"},
+        {"Lambert Conformal Conic - NAD 27 Equations", ProjectionGroup::TwoParallels, "U.S. Survey Feet"},
     };
     ASSERT_EQ(Projections().size(), std::size(expected));
     for (std::size_t i = 0; i < std::size(expected); ++i) {
         EXPECT_EQ(Projections()[i].name, expected[i].name);
         EXPECT_EQ(Projections()[i].group, expected[i].group);
+        EXPECT_EQ(Projections()[i].unit, expected[i].unit);
         EXPECT_EQ(FindProjection(expected[i].name), &Projections()[i]);
     }
     EXPECT_EQ(FindProjection("transverse mercator"), nullptr);
