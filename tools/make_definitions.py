@@ -6,7 +6,7 @@
 
 A definition has five lines: routine, action, label of the input type, label of the output type, and the search-and-replace
 or filter file. The fifth stands, and is empty, only where the routine needs such a file, which is then chosen anew each
-time.
+time. The one routine that the dialog does not know has an action that says so.
 """
 import sys
 from pathlib import Path
@@ -40,18 +40,22 @@ READABLE = [*SHEETS, *TAGGED, *OTHERS]
 WRITABLE = [*CONTROL, *CHAINS, *OTHERS, *KML]
 WRITABLE_CONVERTED = [*TAGGED, *OTHERS]
 
-# The tools of the suite: routine, name of the definition, action, input and output type, whether a filter file is needed.
+# What the tools take: every tagged file has records and points, and all but control files can hold an alignment.
+ALIGNMENTS = [*PROJECTS, *CHAINS]
+
+# The tools of the suite: routine, what follows the input type in the name of the definition, action, input types, output
+# type (None: that of the input), whether a filter file is needed.
 TOOLS = [
-    ("RECODE.EXE", "PRJ-recode", "Change feature codes", "PRJ", "PRJ", True),
-    ("CURVE2TAN.EXE", "PAC-curves-to-tangents", "Turn curves into tangents", "PAC", "PAC", False),
-    ("TAN2CURVE.EXE", "PAC-tangents-to-curves", "Turn tangents into curves", "PAC", "PAC", False),
-    ("PICKOUT.EXE", "PRJ-extract", "Extract records", "PRJ", "PRJ", True),
-    ("GROUNDIT.EXE", "CTL-grid-to-local", "Scale between grid and local coordinates", "CTL", "CTL", False),
-    ("CTRL2ZONE.EXE", "CTL-to-instrument-area", "Write an area file for the total station", "CTL", "ASCII", False),
-    ("ROUTE2STATION.EXE", "PAC-to-instrument-alignment", "Write an alignment file for the total station", "PAC",
+    ("RECODE.EXE", "recode", "Change feature codes", TAGGED, None, True),
+    ("CURVE2TAN.EXE", "curves-to-tangents", "Turn curves into tangents", ALIGNMENTS, None, False),
+    ("TAN2CURVE.EXE", "tangents-to-curves", "Turn tangents into curves", ALIGNMENTS, None, False),
+    ("PICKOUT.EXE", "extract", "Extract records", TAGGED, None, True),
+    ("GROUNDIT.EXE", "grid-to-local", "Scale between grid and local coordinates", TAGGED, None, False),
+    ("CTRL2ZONE.EXE", "to-instrument-area", "Write an area file for the total station", TAGGED, "ASCII", False),
+    ("ROUTE2STATION.EXE", "to-instrument-alignment", "Write an alignment file for the total station", ALIGNMENTS,
      "ASCII", False),
-    ("LEVELIN.EXE", "Leveling-to-PRJ", "Import digital level observations", "ASCII", "PRJ", False),
-    ("PTORDER.EXE", "PRJ-sort-points", "Sort points and list unused point numbers", "PRJ", "PRJ", False),
+    ("LEVELIN.EXE", "levels-to-PRJ", "Import digital level observations", ["ASCII"], "PRJ", False),
+    ("PTORDER.EXE", "sort-points", "Sort points and list unused point numbers", TAGGED, None, False),
 ]
 
 
@@ -59,17 +63,23 @@ def definitions():
     """Yields name, routine, action, input and output type, and whether a file is to be chosen."""
     for source in READABLE:
         for target in WRITABLE:
-            if source == target and source not in TAGGED:
-                continue  # a plain copy by way of the records serves nobody
             action = "Check and rewrite" if source == target else "Change the format"
+            if source == target == "ASCII":
+                action = "Change the layout"
             yield f"{source}-to-{target}", "ConvertFile", action, source, target, False
         for target in WRITABLE_CONVERTED:
             yield (f"{source}-to-{target}-converted", "MultiPoint", "Convert coordinates", source, target, False)
-    for tagged in TAGGED:
-        yield f"{tagged}-replace", "Replace", "Search and replace", tagged, tagged, True
+    # A search and replace can make a file of one family into one of another: its tags are what tells them apart.
+    for source in TAGGED:
+        for target in TAGGED:
+            name = f"{source}-replace" if source == target else f"{source}-to-{target}-replace"
+            yield name, "Replace", "Search and replace", source, target, True
     yield "Point-to-report", "SinglePoint", "Convert coordinates of one point", "Point", "Point", False
-    for routine, name, action, source, target, needs_file in TOOLS:
-        yield name, routine, action, source, target, needs_file
+    yield ("exchange-files", "CoordConvert", "Convert the coordinates of the exchange files (command line only)",
+           "ASCII", "ASCII", False)  # fmt: skip
+    for routine, suffix, action, sources, target, needs_file in TOOLS:
+        for source in sources:
+            yield f"{source}-{suffix}", routine, action, source, target or source, needs_file
 
 
 def files():

@@ -12,6 +12,7 @@
 #include "coordmath/modDistances.hpp"
 #include "library/modLibraryNames.hpp"
 #include "platform/modCodePage.hpp"
+#include "platform/modPaths.hpp"
 #include "platform/modStandardOutput.hpp"
 #include "platform/modText.hpp"
 #include "platform/modTrap.hpp"
@@ -58,17 +59,31 @@ const FileType& ChooseType(const std::string& key, const std::string& path, cons
                                            "' is written only with an output system: --out-cs and the like");
 }
 
+// Where a path leads, whether or not there is a file yet.
+std::filesystem::path PlaceOf(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(ResolveLinks(path), error), error);
+}
+
 bool IsSameFile(const std::string& a, const std::string& b) {
     std::error_code error;
-    return a == b || std::filesystem::equivalent(a, b, error);
+    return PlaceOf(a) == PlaceOf(b) || std::filesystem::equivalent(a, b, error);
+}
+
+// The report as a file against those that are read and written, each under the path that is really used.
+bool IsReportInTheWay(const ConvertOptions& options) {
+    if (options.report == "-") return options.output == "-";
+    const std::string report = OutputPath(options.report);
+    const std::string input = FindPath(options.input);
+    return (options.input != "-" && IsSameFile(report, input.empty() ? options.input : input)) ||
+           (options.output != "-" && IsSameFile(report, OutputPath(options.output)));
 }
 
 // A report never takes the place of what was read or written.
 void RequireReportOfItsOwn(const CLI::App& command, const ConvertOptions& options) {
     if (command.count("--report") == 0) return;
     if (options.report.empty()) throw CLI::ValidationError("--report", "the name of the file is empty");
-    const bool isInput = options.report != "-" && IsSameFile(options.report, options.input);
-    if (isInput || IsSameFile(options.report, options.output))
+    if (IsReportInTheWay(options))
         throw CLI::ValidationError("--report", "the report can not go where INPUT or OUTPUT is");
 }
 
@@ -186,6 +201,12 @@ void RequireKnownCommand(const CLI::App& app, int argc, char** argv) {
                                    "there is no such command; tarvek --help lists them");
 }
 
+// The line ends of an argument are marks as well: nobody writes lines of his own into a message.
+std::string WrongUsageText(const CLI::App*, const CLI::Error& error) {
+    return ReplaceAll(ReplaceAll(error.what(), "\n", "^J"), "\r", "^M") +
+           "\nRun with --help for more information.\n";
+}
+
 // Help and version on standard output, wrong usage on standard error; arguments are quoted there as harmless
 // text.
 int TellParseResult(const CLI::App& app, const CLI::ParseError& error) {
@@ -201,6 +222,7 @@ int RunCommandLine(int argc, char** argv) {
     CLI::App app("Tarvek Translator: carries survey points from one file format to another.", "tarvek");
     app.set_version_flag("--version", "tarvek " TARVEK_VERSION);
     app.require_subcommand(1);
+    app.failure_message(WrongUsageText);
     int status = 0;
     AddConvertCommand(app, status);
     AddReplaceCommand(app, status);

@@ -4,10 +4,12 @@
 #include <span>
 
 #include "library/modComboBoxList.hpp"
+#include "library/modErrorState.hpp"
 #include "library/modINIFile.hpp"
 #include "library/modINIText.hpp"
 #include "library/modLibraryCheck.hpp"
 #include "library/modLibraryFiles.hpp"
+#include "library/modLibraryNames.hpp"
 #include "library/modMisc.hpp"
 #include "platform/modCodePage.hpp"
 #include "platform/modPrompts.hpp"
@@ -42,7 +44,8 @@ void PrintSections(const std::string& file, std::initializer_list<std::string_vi
 
 int ListZones(const std::string& coordinateSystem) {
     ComboBoxList systems;
-    LOAD_CS_ComboBoxList(systems);
+    if (!LOAD_CS_ComboBoxList(systems)) TellFault(GET_ErrorMessage());
+    systems.Add(GeographicSystem);
     SET_ComboBoxText(systems, coordinateSystem);
     if (!coordinateSystem.empty() && systems.ListIndex() < 0) {
         TellFault("The library has no coordinate system '" + coordinateSystem + "'.");
@@ -57,6 +60,8 @@ int ListZones(const std::string& coordinateSystem) {
         AppendRow(text, {Trim(name->coordinateSystem), Trim(name->zone), value("Projection"),
                          value("Horizontal Datum"), value("Linear Units"), value("Full Name")});
     }
+    if (!coordinateSystem.empty() && text.empty())
+        TellResult("The coordinate system '" + systems.Text() + "' has no zones.");
     PrintToStandardOutput(text);
     return 0;
 }

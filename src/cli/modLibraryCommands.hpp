@@ -8,7 +8,8 @@ namespace tarvek {
 
 // Coordinate system, zone, projection, horizontal datum, linear units and full name of every zone in file
 // order, or of those of one coordinate system, by its long or short name. 1, after a message, where there is
-// no such system.
+// no such system. The geographic system has no zones, which is told. At a section without "~" the fault is
+// told, and the list goes on.
 int ListZones(const std::string& coordinateSystem);
 // Name, type, ellipsoid and full name of every datum.
 int ListDatums();

@@ -29,12 +29,41 @@ bool CheckParts(double minutes, double seconds, std::string_view angle) {
     return false;
 }
 
-std::string DMSText(double degrees, double minutes, double seconds) {
-    return GeneralText(degrees) + ' ' + GeneralText(minutes) + ' ' + GeneralText(seconds);
+// Degrees as a sign and a size; no 16 bits hold the size of -32768.
+struct SignedDegrees {
+    bool isNegative;
+    double size;
+};
+
+SignedDegrees SignedDegreesOf(std::int16_t degrees) {
+    const bool isNegative = degrees < 0;
+    const int size = isNegative ? -degrees : degrees;
+    return {isNegative, static_cast<double>(Integer16FromNumber(size))};
 }
 
-// The value rounded to `decimals` digits, as it is printed.
-double Rounded(double value, int decimals) { return NumberFromText(FixedText(value, decimals)); }
+// The radians of parts whose limits have been checked. The detour over 15 digits is wanted: the radians are
+// those of the rounded decimal degrees.
+double RadiansOf(SignedDegrees degrees, double minutes, double seconds) {
+    const double decimalDegrees = minutes / 60.0 + degrees.size + seconds / 3600.0;
+    const double radians = RoundedAsGeneralText(decimalDegrees) * RadiansPerDegree;
+    return degrees.isNegative ? radians * -1.0 : radians;
+}
+
+// The formatters work on degrees rounded to four decimals more than the smallest unit is printed with.
+constexpr int SpareDecimals = 4;
+
+double RoundedDegrees(double radians, int decimals) {
+    return RoundedAsFixedText(radians * DegreesPerRadian, decimals + SpareDecimals);
+}
+
+// The degrees and the blank behind them.
+std::string DegreesText(bool isNegative, double degrees, bool withSymbols) {
+    std::string text(isNegative ? "-" : "");
+    AppendFixed(text, degrees, 0);
+    if (withSymbols) text += DegreeSign;
+    text += ' ';
+    return text;
+}
 
 double NotNegative(double value) { return value < 0 ? 0 : value; }
 
@@ -75,21 +104,15 @@ double Angles_GET_Radians(std::string_view text, std::string_view angularFormat)
 
 double Angles_GET_RadFromDMS(std::string_view text) {
     const std::vector<std::string_view> fields = Split(text, ' ');
-    double degrees = Integer16FromText(fields[0]);
-    const bool negative = degrees < 0;
-    if (negative) degrees = Integer16FromNumber(-degrees);  // no 16 bits hold 32768
+    const SignedDegrees degrees = SignedDegreesOf(Integer16FromText(fields[0]));
     const double minutes = fields.size() > 1 ? Integer16FromText(fields[1]) : 0;
     const double seconds = fields.size() > 2 ? NumberFromText(fields[2]) : 0;
-    if (!CheckParts(minutes, seconds, text)) return NoValue;
-    // The detour over 15 digits of text is wanted: the radians are those of the rounded decimal degrees.
-    const double decimalDegrees = minutes / 60.0 + degrees + seconds / 3600.0;
-    const double radians = Angles_GET_RadFromDegrees(GeneralText(decimalDegrees));
-    return negative ? radians * -1.0 : radians;
+    return CheckParts(minutes, seconds, text) ? RadiansOf(degrees, minutes, seconds) : NoValue;
 }
 
 double Angles_GET_RadFromDMSPacked(std::string_view text) {
     const std::size_t point = text.find('.');
-    double degrees = 0;
+    std::int16_t degrees = 0;
     double minutes = 0;
     double seconds = 0;
     if (point == std::string_view::npos) {
@@ -106,18 +129,18 @@ double Angles_GET_RadFromDMSPacked(std::string_view text) {
         }
     }
     if (!CheckParts(minutes, seconds, text)) return NoValue;
-    return Angles_GET_RadFromDMS(DMSText(degrees, minutes, seconds));
+    return RadiansOf(SignedDegreesOf(degrees), minutes, RoundedAsGeneralText(seconds));
 }
 
 double Angles_GET_RadFromDM(std::string_view text) {
     const std::vector<std::string_view> fields = Split(text, ' ');
-    const double degrees = Integer16FromText(fields[0]);
+    const std::int16_t degrees = Integer16FromText(fields[0]);
     if (fields.size() < 2) RaiseFault(Fault::SubscriptOutOfRange);
     const double decimalMinutes = NumberFromText(fields[1]);
     const double minutes = Integer16FromNumber(std::trunc(decimalMinutes));
     const double seconds = (decimalMinutes - minutes) * 60.0;
     if (!CheckParts(minutes, seconds, text)) return NoValue;
-    return Angles_GET_RadFromDMS(DMSText(degrees, minutes, seconds));
+    return RadiansOf(SignedDegreesOf(degrees), minutes, RoundedAsGeneralText(seconds));
 }
 
 double Angles_GET_RadFromDegrees(std::string_view text) {
@@ -132,56 +155,55 @@ std::string Angles_GET_TextDegrees(double radians, int decimals, bool withSymbol
 }
 
 std::string Angles_GET_TextDM(double radians, int decimals, bool withSymbols) {
-    // Four spare digits, so that the parts are those of the rounded decimal value.
-    std::string degreesText = Angles_GET_TextDegrees(radians, decimals + 4, false);
-    const double value = NumberFromText(degreesText);
-    if (value == NoValue) return degreesText;
+    const double value = RoundedDegrees(radians, decimals);
+    if (value == NoValue) return Angles_GET_TextDegrees(radians, decimals + SpareDecimals, false);
     const double positive = std::fabs(value);
     double degrees = std::trunc(positive);
     double minutes = (positive - degrees) * 60.0;
-    if (Rounded(minutes, decimals) >= 60) {
+    if (RoundedAsFixedText(minutes, decimals) >= 60) {
         minutes = NotNegative(minutes - 60.0);
         degrees += 1;
     }
-    std::string text = value < 0 ? "-" : "";
-    text += FixedText(degrees, 0);
-    if (withSymbols) text += DegreeSign;
-    text += ' ' + TwoDigitFixedText(minutes, decimals);
+    std::string text = DegreesText(value < 0, degrees, withSymbols);
+    AppendTwoDigitFixed(text, minutes, decimals);
     if (withSymbols) text += '\'';
     return text;
 }
 
 std::string Angles_GET_TextDMS(double radians, int decimals, bool withSymbols) {
-    const double value = NumberFromText(Angles_GET_TextDegrees(radians, decimals + 4, false));
+    const double value = RoundedDegrees(radians, decimals);
     const double positive = std::fabs(value);
     double degrees = std::trunc(positive);
     const double decimalMinutes = (positive - degrees) * 60.0;
     double minutes = std::trunc(decimalMinutes);
     double seconds = (decimalMinutes - minutes) * 60.0;
-    if (Rounded(seconds, decimals) >= 60.0) {
+    double printedSeconds = RoundedAsFixedText(seconds, decimals);
+    if (printedSeconds >= 60.0) {
         seconds = NotNegative(seconds - 60.0);
+        printedSeconds = RoundedAsFixedText(seconds, decimals);
         minutes += 1;
     }
     if (minutes >= 60) {
         minutes -= 60;
         degrees += 1;
     }
-    std::string text = value < 0 ? "-" : "";
-    text += FixedText(degrees, 0);
-    if (withSymbols) text += DegreeSign;
-    text += minutes < 10 ? " 0" : " ";
-    text += FixedText(minutes, 0);
+    std::string text = DegreesText(value < 0, degrees, withSymbols);
+    if (minutes < 10) text += '0';
+    AppendFixed(text, minutes, 0);
     if (withSymbols) text += '\'';
-    text += ' ' + TwoDigitFixedText(seconds, decimals);
+    text += ' ';
+    AppendTwoDigitFixed(text, seconds, decimals);
     if (withSymbols) text += '"';
-    return CheckParts(minutes, Rounded(seconds, decimals), text) ? text : NoValueText;
+    return CheckParts(minutes, printedSeconds, text) ? text : NoValueText;
 }
 
 std::string Angles_GET_TextDMSPacked(double radians, int decimals, bool /*withSymbols*/) {
     std::string text = Angles_GET_TextDMS(radians, decimals, false);
     if (text == NoValueText) return text;
-    const std::vector<std::string_view> parts = Split(text, ' ');
-    return std::string(parts[0]) + '.' + std::string(parts[1]) + ReplaceAll(parts[2], ".", "");
+    text.erase(text.find('.'), 1);
+    text.erase(text.rfind(' '), 1);
+    text[text.find(' ')] = '.';
+    return text;
 }
 
 double Angles_GET_Direction(double radians, std::string_view directionIn, std::string_view directionOut) {

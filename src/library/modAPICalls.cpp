@@ -12,17 +12,28 @@ namespace {
 
 constexpr std::size_t LongestShortPath = 255;
 
-void RefuseControlCharacters(std::string_view text) {
+void RefuseControlCharacters(std::string_view name) {
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
-    if (std::any_of(text.begin(), text.end(), isControl)) RaiseFault(Fault::InvalidCall);
+    if (std::any_of(name.begin(), name.end(), isControl)) RaiseFault(Fault::InvalidCall);
 }
 
-// A key may not turn its line into a comment or a section, nor end before its own end.
-void RequireReadableKey(const INIKeyValue& pair) {
-    const std::string_view key = Trim(pair.key);
-    const std::string text = std::string(key).append("=").append(pair.value);
+// A value may hold any other character.
+void RefuseLineEnds(std::string_view value) {
+    constexpr std::string_view Refused("\r\n\0", 3);
+    if (value.find_first_of(Refused) != std::string_view::npos) RaiseFault(Fault::InvalidCall);
+}
+
+// A line may not turn into one of another kind, nor may its name end before its own end.
+void RequireReadable(const std::string& text, INILineKind kind, std::string_view name) {
     const INILine line = ParseINILine(text);
-    if (key.empty() || line.kind != INILineKind::Key || line.name != key) RaiseFault(Fault::InvalidCall);
+    if (name.empty() || line.kind != kind || line.name != name) RaiseFault(Fault::InvalidCall);
+}
+
+void RequireReadableKey(const INIKeyValue& pair) {
+    RefuseControlCharacters(pair.key);
+    RefuseLineEnds(pair.value);
+    const std::string_view key = Trim(pair.key);
+    RequireReadable(KeyLine(key, pair.value), INILineKind::Key, key);
 }
 
 }  // namespace
@@ -42,12 +53,8 @@ bool PUT_INIValue(std::string_view file, std::string_view section, std::string_v
 
 bool PUT_INIValues(std::string_view file, std::string_view section, std::span<const INIKeyValue> values) {
     RefuseControlCharacters(section);
-    if (section.empty()) RaiseFault(Fault::InvalidCall);
-    for (const INIKeyValue& pair : values) {
-        RefuseControlCharacters(pair.key);
-        RefuseControlCharacters(pair.value);
-        RequireReadableKey(pair);
-    }
+    RequireReadable(SectionLine(section), INILineKind::Section, section);
+    for (const INIKeyValue& pair : values) RequireReadableKey(pair);
     return EditINIFile(file, [section, values](std::string_view before) {
         std::string text(before);
         for (const INIKeyValue& pair : values) text = WithINIValue(text, section, pair.key, pair.value);

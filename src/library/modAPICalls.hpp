@@ -21,9 +21,9 @@ struct INIKeyValue {
 
 // Puts a value in place of the old one, or a new key at the end of its section, a new section at the end of
 // the file, a file where there was none; nothing else changes. False, after the user was told, where the file
-// system refuses, with the file as it was. Fault::InvalidCall, with nothing written, for a line end or other
-// control character in section, key or value, for a section without a name, and for a key that would not be
-// read back as it is.
+// system refuses, with the file as it was. Fault::InvalidCall, with nothing written, for a line end or NUL in
+// the value, for a control character in section or key, and for a section or key that is empty or would not
+// be read back as it is.
 bool PUT_INIValue(std::string_view file, std::string_view section, std::string_view key,
                   std::string_view value);
 // The same for many keys of one section, in one write: all of them stand afterwards or none.

@@ -4,9 +4,9 @@
 #include <functional>
 #include <unordered_set>
 
+#include "library/modLibraryNames.hpp"
 #include "platform/modFaults.hpp"
 #include "platform/modNumbers.hpp"
-#include "platform/modText.hpp"
 
 namespace tarvek {
 namespace {
@@ -25,10 +25,7 @@ int FindText(const ComboBoxList& list, std::string_view text) {
 }
 
 // True for "XY - long name" and the text "XY".
-bool HasShortName(const ComboBoxItem& item, std::string_view text) {
-    const std::size_t hyphen = item.text.find('-');
-    return hyphen != std::string::npos && Trim(std::string_view(item.text).substr(0, hyphen)) == text;
-}
+bool HasShortName(const ComboBoxItem& item, std::string_view text) { return ShortNameOf(item.text) == text; }
 
 }  // namespace
 

@@ -52,6 +52,16 @@ bool NextOfSection(INILines& lines, INILine& line) {
     return lines.Next(line) && line.kind != INILineKind::Section;
 }
 
+// The "]" that ends the name of a section, in a line without blanks at its ends; npos where the line is none.
+std::size_t FindSectionEnd(std::string_view line) {
+    if (line.front() != '[') return std::string_view::npos;
+    for (std::size_t at = line.find(']'); at != std::string_view::npos; at = line.find(']', at + 1)) {
+        const std::string_view behind = TrimLeft(line.substr(at + 1));
+        if (behind.empty() || behind.front() == ';') return at;
+    }
+    return line.find('=') == std::string_view::npos ? line.rfind(']') : std::string_view::npos;
+}
+
 bool HasAccent(std::string_view text) {
     return std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) > 127; });
 }
@@ -66,8 +76,7 @@ INILine ParseINILine(std::string_view text) {
         line.kind = INILineKind::Blank;
     } else if (content.front() == ';') {
         line.kind = INILineKind::Comment;
-    } else if (const std::size_t close = content.rfind(']');
-               content.front() == '[' && close != std::string_view::npos) {
+    } else if (const std::size_t close = FindSectionEnd(content); close != std::string_view::npos) {
         line.kind = INILineKind::Section;
         line.name = content.substr(1, close - 1);
     } else if (const std::size_t equals = text.find('='); equals != std::string_view::npos) {
@@ -76,6 +85,12 @@ INILine ParseINILine(std::string_view text) {
         line.value = text.substr(equals + 1);
     }
     return line;
+}
+
+std::string SectionLine(std::string_view section) { return '[' + std::string(section) + ']'; }
+
+std::string KeyLine(std::string_view key, std::string_view value) {
+    return (std::string(key) += '=').append(value);
 }
 
 INILines::INILines(std::string_view text) : text_(text), at_(ContentStart(text)) {}
@@ -118,10 +133,9 @@ std::optional<std::string_view> FindINIValue(std::string_view text, std::string_
 std::string WithINIValue(std::string_view text, std::string_view section, std::string_view key,
                          std::string_view value) {
     key = Trim(key);
-    const std::string newLine = std::string(key).append("=").append(value);
+    const std::string newLine = KeyLine(key, value);
     INILines lines(text);
-    if (!EnterSection(lines, section))
-        return WithLines(text, text.size(), {'[' + std::string(section) + ']', newLine});
+    if (!EnterSection(lines, section)) return WithLines(text, text.size(), {SectionLine(section), newLine});
 
     std::size_t end = lines.Position();  // of what the section holds, blank lines behind it left out
     bool isBehindBlank = false;

@@ -1,9 +1,18 @@
 #pragma once
 // The text of an INI file: sections "[name]", keys "name=value", comment lines that begin with ";", and blank
-// lines. Names are compared without regard to letter case, and of two equal ones the first counts. The name
-// of a section lies between the first character and the last "]" of its line, so it may hold brackets itself;
-// blanks around a key do not count. What a line is not read for (a byte order mark among it) is kept by
-// edits.
+// lines. Names are compared without regard to letter case, and of two equal ones the first counts. Blanks
+// around a line and around a key do not count. What a line is not read for (a byte order mark among it) is
+// kept by edits.
+//
+// Names may hold brackets, so a line that begins with "[" is read like this:
+//   [A]   [A [old]]   [A]x]   a section: its name ends at the first "]" with nothing behind it
+//   [A] ; see [B]             a section with a comment: its name ends at the first "]" with ";" behind it
+//   [A] behind it             a section too, for without "=" it can be nothing else; its name ends at the
+//   last
+//                             "]"
+//   [A] b=c                   a key, "[A] b"
+// A section whose name has "]" and ";" with no more than blanks between them can not be written, nor can a
+// key that begins with "[" have a value in which a "]" stands at the end or before a ";".
 
 #include <cstddef>
 #include <optional>
@@ -27,6 +36,9 @@ struct INILine {
 };
 
 INILine ParseINILine(std::string_view text);
+// The line of a section or key, without its end.
+std::string SectionLine(std::string_view section);
+std::string KeyLine(std::string_view key, std::string_view value);
 
 // The lines of a text from first to last.
 class INILines {
@@ -52,8 +64,10 @@ std::string_view CutINIValue(std::string_view value);
 std::optional<std::string_view> FindINIValue(std::string_view text, std::string_view section,
                                              std::string_view key);
 
-// `text` with that value in place of the old one. A new key goes to the end of its section, before the blank
-// lines there, a new section to the end of the text, and every other byte stays.
+// `text` with that value in place of the old one. A new key goes to the end of its section, a new section to
+// the end of the text, and every other byte stays. The section ends before the first blank line that no
+// further key of it follows: a comment behind that line speaks of the next section and stays with it, while
+// one that follows a key without a blank line belongs to the key.
 std::string WithINIValue(std::string_view text, std::string_view section, std::string_view key,
                          std::string_view value);
 

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <functional>
-#include <system_error>
 #include <unordered_set>
 
+#include "library/modDefinitionCheck.hpp"
 #include "library/modINIFile.hpp"
 #include "library/modINIText.hpp"
 #include "library/modLibraryFiles.hpp"
@@ -15,24 +14,15 @@
 #include "library/modValueCheck.hpp"
 #include "library/modZoneCheck.hpp"
 #include "platform/modCodePage.hpp"
-#include "platform/modFaults.hpp"
 #include "platform/modNumbers.hpp"
 #include "platform/modPaths.hpp"
-#include "platform/modProgramFolder.hpp"
 #include "platform/modText.hpp"
-#include "platform/modTextFileIn.hpp"
 
 namespace tarvek {
 namespace {
 
-namespace fs = std::filesystem;
-
 using Faults = std::vector<LibraryFault>;
 
-constexpr std::string_view DefinitionFolder = "KTIFiles";
-constexpr std::string_view DefinitionExtension = ".kti";
-constexpr std::string_view FilterFolder = "TRNFiles";
-constexpr std::size_t LinesOfDefinition = 4;
 // How far the semiminor axis may lie from the one that flattening or eccentricity makes of the semimajor
 // axis, in meters: published axes are rounded to a centimeter at worst.
 constexpr double AxisTolerance = 0.01;
@@ -111,11 +101,33 @@ void CheckFile(const std::string& path, const INIView& view, Faults& faults) {
 
 // ---- the sections that are read
 
+// What a method must be where a datum of a type is at either end of it.
+struct MethodRule {
+    std::string_view type;
+    bool (*takes)(std::string_view method);
+    std::string_view what;
+};
+
+constexpr MethodRule MethodRules[] = {
+    {DatumHorizontal, IsPositionMethod, " moves no positions"},
+    {DatumVertical, IsHeightMethod, " is not taken for heights"},
+};
+
+std::string CheckMethod(std::string_view method, std::string_view sourceType, std::string_view targetType) {
+    if (method.empty()) return {};
+    if (!IsMethodName(method)) return Quoted(method) + " is no transformation method.";
+    for (const MethodRule& rule : MethodRules)
+        if ((sourceType == rule.type || targetType == rule.type) && !rule.takes(method))
+            return Quoted(method).append(rule.what) + ", all that a datum of type " + std::string(rule.type) +
+                   " has.";
+    return {};
+}
+
 void CheckTransformation(const INIKey& key, const INIView& datums, Faults& faults, std::string_view datum) {
     const auto tell = [&](std::string_view text) { AddFault(faults, DatumsFileName, datum, key.name, text); };
     if (datums.Find(key.name) == nullptr) tell("The target of the transformation is no section.");
-    if (!key.value.empty() && !IsMethodName(key.value))
-        tell(Quoted(key.value) + " is no transformation method.");
+    if (SameININame(key.name, datum)) tell("A datum is never transformed to itself.");
+    tell(CheckMethod(key.value, datums.Value(datum, "Type"), datums.Value(key.name, "Type")));
 }
 
 void CheckDatum(const INISection& datum, const LibraryViews& library, Faults& faults) {
@@ -175,45 +187,6 @@ void CheckSections(const INIView& view, const LibraryViews& library, Check check
         if (view.Find(section.name) == &section) check(section, library, faults);
 }
 
-// ---- the translator definitions
-
-std::vector<std::string> DefinitionsIn(const std::string& folder) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        const std::size_t point = std::min(name.rfind('.'), name.size());
-        if (EqualsIgnoringCase(name.substr(point), DefinitionExtension)) names.push_back(name);
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::string CheckDefinition(const std::string& path) {
-    TextFileIn file(path);
-    std::string_view line;
-    for (std::size_t i = 0; i < LinesOfDefinition; ++i)
-        if (!file.NextLine(line)) return "The definition has fewer than four lines.";
-    if (!file.NextLine(line) || line.empty()) return {};
-    const bool isBareName = line.find_first_of("\\/") == std::string_view::npos;
-    const std::string filter =
-        isBareName ? JoinPath(JoinPath(ProgramFolder(), FilterFolder), line) : std::string(line);
-    return FileExists(filter) ? std::string() : "There is no configuration file " + Quoted(line) + ".";
-}
-
-void CheckDefinitions(Faults& faults) {
-    const std::string folder = FindPath(JoinPath(ProgramFolder(), DefinitionFolder));
-    for (const std::string& name : DefinitionsIn(folder)) {
-        std::string text;
-        try {
-            text = CheckDefinition(JoinPath(folder, name));
-        } catch (const RuntimeFault& fault) {
-            text = fault.Text();
-        }
-        AddFault(faults, JoinPath(DefinitionFolder, name), "", "", text);
-    }
-}
-
 }  // namespace
 
 std::vector<LibraryFault> CheckLibrary() {
@@ -221,6 +194,7 @@ std::vector<LibraryFault> CheckLibrary() {
                                   INIView(ReadINIFile(EllipsoidsFile()))};
     Faults faults;
     CheckFile(ZonesFile(), library.zones, faults);
+    CheckShortNames(library.zones, faults);
     CheckSections(library.zones, library, CheckZone, faults);
     CheckFile(DatumsFile(), library.datums, faults);
     CheckSections(library.datums, library, CheckDatum, faults);

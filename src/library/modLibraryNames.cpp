@@ -1,5 +1,7 @@
 #include "library/modLibraryNames.hpp"
 
+#include "platform/modText.hpp"
+
 namespace tarvek {
 namespace {
 
@@ -24,6 +26,12 @@ const Projection* FindProjection(std::string_view name) {
 
 std::string ZoneSection(std::string_view coordinateSystem, std::string_view zone) {
     return (std::string(coordinateSystem) += ZoneSeparator).append(zone);
+}
+
+std::optional<std::string_view> ShortNameOf(std::string_view name) {
+    const std::size_t hyphen = name.find('-');
+    if (hyphen == std::string_view::npos) return std::nullopt;
+    return Trim(name.substr(0, hyphen));
 }
 
 }  // namespace tarvek

@@ -1,6 +1,7 @@
 #pragma once
 // The words of the library's files: their names, and the values that are chosen from a list.
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,6 +14,9 @@ inline constexpr std::string_view EllipsoidsFileName = "ellipsoids.ini";
 
 // A section of zones.ini is named coordinate system, this character, short name of the zone.
 inline constexpr char ZoneSeparator = '~';
+
+// The geographic coordinate system. It has no zones and so no section; dialogs add it to their lists.
+inline constexpr std::string_view GeographicSystem = "GCS - Geographic Coordinates";
 
 // The types of a datum.
 inline constexpr std::string_view DatumHorizontal = "Horizontal";
@@ -45,5 +49,9 @@ std::span<const Projection> Projections();
 const Projection* FindProjection(std::string_view name);
 
 std::string ZoneSection(std::string_view coordinateSystem, std::string_view zone);
+
+// The short name of a coordinate system or zone: what precedes the first "-", without blanks at its ends.
+// Nothing where there is no "-".
+std::optional<std::string_view> ShortNameOf(std::string_view name);
 
 }  // namespace tarvek

@@ -66,6 +66,8 @@ constexpr HPGNArea HPGNAreas[] = {
     {"Wyoming", "", "wyhpgn"},
 };
 
+constexpr std::string_view HTDPMethod = "HTDP 3.2.3 NAD 83 (2007/2011/CORS) to WGS 84 (G1674)";
+
 constexpr std::string_view VerticalMethods[] = {
     "VERTCON NGVD 29 to NAVD 88", "VERTCON NAVD 88 to NGVD 29", "GEOID99 NAD 83 to NAVD 88",
     "GEOID03 NAD 83 to NAVD 88",  "GEOID06 NAD 83 to NAVD 88",  "GEOID09 NAD 83 to NAVD 88",
@@ -88,7 +90,13 @@ constexpr std::string_view Methods3D[] = {
     "GEOCON Beta NAD 83 (2007) to NAD 83 (HARN) - CONUS",
     "GEOCON11 Beta NAD 83 (2007) to NAD 83 (2011) - CONUS",
     "GEOCON11 Beta NAD 83 (2011) to NAD 83 (2007) - CONUS",
-    "HTDP 3.2.3 NAD 83 (2007/2011/CORS) to WGS 84 (G1674)",
+    HTDPMethod,
+};
+
+// They have moved the heights already when the vertical datum is changed.
+constexpr std::string_view HeightsMovedMethods[] = {
+    "GEOCON Beta NAD 83 (HARN) to NAD 83 (2007) - CONUS",
+    "GEOCON Beta NAD 83 (2007) to NAD 83 (HARN) - CONUS",
 };
 
 constexpr std::string_view TheGEOCONTransformations[] = {
@@ -167,8 +175,15 @@ const std::vector<std::string_view>& MethodNamesOfType(std::string_view datumTyp
 }
 
 bool IsMethodName(std::string_view name) {
-    return FindNADCONMethod(name) != nullptr || Contains(VerticalMethods, name) ||
-           Contains(Methods3D, name) || IsGEOCONMethod(name);
+    return IsPositionMethod(name) || IsHeightMethod(name) || Contains(Methods3D, name);
+}
+
+bool IsPositionMethod(std::string_view name) {
+    return FindNADCONMethod(name) != nullptr || IsGEOCONMethod(name) || name == HTDPMethod;
+}
+
+bool IsHeightMethod(std::string_view name) {
+    return Contains(VerticalMethods, name) || Contains(HeightsMovedMethods, name);
 }
 
 }  // namespace tarvek

@@ -30,5 +30,9 @@ const std::vector<std::string_view>& MethodNamesOfType(std::string_view datumTyp
 
 // True for every method that some procedure knows, offered or not.
 bool IsMethodName(std::string_view name);
+// True for a method that moves positions; true for one that the change of a vertical datum takes. A method
+// can be both: it moves heights together with positions, and the change of a vertical datum lets it pass.
+bool IsPositionMethod(std::string_view name);
+bool IsHeightMethod(std::string_view name);
 
 }  // namespace tarvek

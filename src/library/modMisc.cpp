@@ -30,11 +30,9 @@ bool IsListedType(std::string_view type, bool horizontal, bool geographic, bool 
     return only3D ? type == Datum3D : type != DatumHorizontal;
 }
 
-// True if the text before the first "-" is that short name.
 bool HasShortName(std::string_view part, std::string_view shortName) {
-    const std::size_t hyphen = part.find('-');
-    if (hyphen == std::string_view::npos) return false;
-    return UpperCaseText(Trim(part.substr(0, hyphen))) == UpperCaseText(Trim(shortName));
+    const std::optional<std::string_view> own = ShortNameOf(part);
+    return own && UpperCaseText(*own) == UpperCaseText(Trim(shortName));
 }
 
 }  // namespace

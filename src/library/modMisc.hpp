@@ -34,9 +34,8 @@ void LOAD_Units_ComboBoxList(ComboBoxList& list, bool linear);
 void LOAD_LocalDatums_ComboBoxList(ComboBoxList& list);
 
 // Fills the list with the lines of Lumara/zones.txt in the program folder given, but for those that begin
-// with
-// "#"; the item data is the number in a line's first four characters, 0 where there is none. Raises the fault
-// of the file system where the file is missing.
+// with "#"; the item data is the number in a line's first four characters, 0 where there is none. Raises the
+// fault of the file system where the file is missing.
 void LOAD_LocalZones_ComboBoxList(ComboBoxList& list, std::string_view programFolder);
 
 struct ZoneDefaults {

@@ -1,5 +1,5 @@
 #pragma once
-// The check of a single zone; a part of the check of the whole library.
+// The checks of zones; a part of the check of the whole library.
 
 #include <vector>
 
@@ -17,5 +17,8 @@ struct LibraryViews {
 
 // Adds what is wrong with a section of zones.ini to `faults`.
 void CheckZone(const INISection& zone, const LibraryViews& library, std::vector<LibraryFault>& faults);
+
+// Adds a fault for each section that short names never reach, because those of an earlier one are the same.
+void CheckShortNames(const INIView& zones, std::vector<LibraryFault>& faults);
 
 }  // namespace tarvek

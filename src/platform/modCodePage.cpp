@@ -38,8 +38,6 @@ std::optional<Utf8Sequence> SequenceAt(std::string_view bytes, std::size_t at) {
     return Utf8Sequence{length, code};
 }
 
-char UpperCaseAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
 constexpr std::uint64_t EachByte = 0x0101010101010101U;
 constexpr std::uint64_t HighBits = 0x80 * EachByte;
 
@@ -50,6 +48,17 @@ std::uint64_t UpperCaseEight(std::uint64_t eight) {
     const std::uint64_t fromA = low + (0x80 - 'a') * EachByte;
     const std::uint64_t beyondZ = low + (0x80 - 'z' - 1) * EachByte;
     return eight - ((fromA & ~beyondZ & ~eight & HighBits) >> 2);
+}
+
+// A text of less than eight characters, its first one lowest and zero behind the last.
+std::uint64_t FewerThanEight(std::string_view text) {
+    std::uint64_t eight = 0;
+    unsigned shift = 0;
+    for (const char c : text) {
+        eight |= std::uint64_t{static_cast<Byte>(c)} << shift;
+        shift += 8;
+    }
+    return eight;
 }
 
 // The accented letters; every other byte as it is.
@@ -116,26 +125,32 @@ std::string Utf8FromBytes(std::string_view bytes) {
     return out;
 }
 
-void UpperCase(char* text, std::size_t size) {
+void CopyUpperCase(char* to, std::string_view text) {
     std::uint64_t allBytes = 0;
-    std::size_t at = 0;
-    for (std::uint64_t eight = 0; at + sizeof eight <= size; at += sizeof eight) {
-        std::memcpy(&eight, text + at, sizeof eight);
+    const auto copyEight = [&](std::size_t at) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, text.data() + at, sizeof eight);
         allBytes |= eight;
         eight = UpperCaseEight(eight);
-        std::memcpy(text + at, &eight, sizeof eight);
+        std::memcpy(to + at, &eight, sizeof eight);
+    };
+    const std::size_t size = text.size();
+    if (size >= 8) {
+        for (std::size_t at = 0; at + 8 < size; at += 8) copyEight(at);
+        copyEight(size - 8);
+    } else {
+        const std::uint64_t few = FewerThanEight(text);
+        allBytes = few;
+        const std::uint64_t upper = UpperCaseEight(few);
+        std::memcpy(to, &upper, size);
     }
-    for (; at < size; ++at) {
-        allBytes |= static_cast<Byte>(text[at]);
-        text[at] = UpperCaseAscii(text[at]);
-    }
-    if ((allBytes & HighBits) == 0 || IsValidUtf8({text, size})) return;
-    for (std::size_t i = 0; i < size; ++i) text[i] = UpperCase1252(text[i]);
+    if ((allBytes & HighBits) == 0 || IsValidUtf8(text)) return;
+    for (std::size_t i = 0; i < size; ++i) to[i] = UpperCase1252(to[i]);
 }
 
 std::string UpperCaseText(std::string_view text) {
-    std::string upper(text);
-    UpperCase(upper.data(), upper.size());
+    std::string upper(text.size(), '\0');
+    CopyUpperCase(upper.data(), text);
     return upper;
 }
 

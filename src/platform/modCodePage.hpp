@@ -16,10 +16,11 @@ std::string Utf8FromBytes(std::string_view bytes);
 void AppendUtf8(std::string& out, char32_t code);
 bool IsValidUtf8(std::string_view bytes);
 
-// Upper case of every letter in place: ASCII, and the accented letters of Windows-1252 in text that is not
-// valid UTF-8.
-void UpperCase(char* text, std::size_t size);
+// Upper case of every letter: ASCII, and the accented letters of Windows-1252 in text that is not valid
+// UTF-8.
 std::string UpperCaseText(std::string_view text);
+// The same, put to where `to` points.
+void CopyUpperCase(char* to, std::string_view text);
 
 // UTF-8 text for a terminal: line ends become new lines, a tab a blank, and every other control character,
 // also those that change the writing direction, a visible mark ("^[" for escape).

@@ -5,6 +5,7 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "platform/modFaults.hpp"
@@ -17,6 +18,16 @@ constexpr auto PowersOfTen = [] {
     std::array<std::uint64_t, 16> powers{1};
     for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
     return powers;
+}();
+
+// "00" to "99"; what std::to_chars of GCC 12 has in its place is laid on the stack anew by every call.
+constexpr auto DigitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        const std::size_t number = i / 2;
+        pairs[i] = static_cast<char>('0' + (i % 2 == 0 ? number / 10 : number % 10));
+    }
+    return pairs;
 }();
 
 // Where the parts of a number at the beginning of a text lie, and its digits.
@@ -111,51 +122,85 @@ Integer RoundToInteger(double value) {
 
 void AppendDigits(std::string& out, std::uint64_t whole, std::size_t decimals) {
     char digits[24];
-    const auto end = std::to_chars(digits, digits + sizeof digits, whole).ptr;
-    const auto count = static_cast<std::size_t>(end - digits);
+    char* const end = digits + sizeof digits;
+    char* start = end;
+    for (; whole >= 100; whole /= 100) {
+        start -= 2;
+        std::memcpy(start, &DigitPairs[whole % 100 * 2], 2);
+    }
+    if (whole >= 10) {
+        start -= 2;
+        std::memcpy(start, &DigitPairs[whole * 2], 2);
+    } else {
+        *--start = static_cast<char>('0' + whole);
+    }
+
+    const auto count = static_cast<std::size_t>(end - start);
     if (count > decimals) {
-        out.append(digits, count - decimals);
+        out.append(start, count - decimals);
         if (decimals == 0) return;
         out += '.';
-        out.append(digits + count - decimals, decimals);
+        out.append(end - decimals, decimals);
     } else {
         out += "0.";
         out.append(decimals - count, '0');
-        out.append(digits, count);
+        out.append(start, count);
     }
 }
 
-// The fast road for the numbers of a survey: |value| * 10^decimals is formed exactly in 128 bits and rounded
-// there. False where the value is too large or the decimals too many for that.
-bool AppendFixedExactly(std::string& out, double value, std::size_t decimals) {
-    if (decimals >= PowersOfTen.size()) return false;
+// The fast road for the numbers of a survey: |value| * 10^decimals, formed exactly in 128 bits and rounded
+// there to the nearest whole number, ties to even. Nothing where the value is too large or the decimals too
+// many for that.
+std::optional<std::uint64_t> ScaledExactly(double value, std::size_t decimals) {
+    if (decimals >= PowersOfTen.size()) return std::nullopt;
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const int exponent = static_cast<int>(bits >> 52 & 0x7FF) - 1075;
-    if (exponent > -1 || exponent < -1074) return false;  // 2^52 and more, subnormal or not finite
+    if (exponent > -1 || exponent < -1074) return std::nullopt;  // 2^52 and more, subnormal or not finite
     const std::uint64_t mantissa = (bits & 0xFFFFFFFFFFFFFull) | 0x10000000000000ull;
     __extension__ using Wide = unsigned __int128;
     const Wide scaled = static_cast<Wide>(mantissa) * PowersOfTen[decimals];
     const int shift = -exponent;
-    std::uint64_t whole = 0;
-    if (shift < 110) {
-        const Wide kept = scaled >> shift;
-        if (kept > 9'999'999'999'999'999'999ull) return false;
-        whole = static_cast<std::uint64_t>(kept);
-        const Wide half = Wide{1} << (shift - 1);
-        const Wide rest = scaled - (kept << shift);
-        if (rest > half || (rest == half && (whole & 1) != 0)) ++whole;
-    }  // else below 2^(53+50-110): rounds to zero
-    if ((bits >> 63) != 0 && whole != 0) out += '-';
-    AppendDigits(out, whole, decimals);
+    if (shift >= 110) return 0;  // below 2^(53+50-110)
+    const Wide kept = scaled >> shift;
+    if (kept > 9'999'999'999'999'999'999ull) return std::nullopt;
+    const auto whole = static_cast<std::uint64_t>(kept);
+    const Wide half = Wide{1} << (shift - 1);
+    const Wide rest = scaled - (kept << shift);
+    return rest > half || (rest == half && (whole & 1) != 0) ? whole + 1 : whole;
+}
+
+bool AppendFixedExactly(std::string& out, double value, std::size_t decimals) {
+    const std::optional<std::uint64_t> whole = ScaledExactly(value, decimals);
+    if (!whole) return false;
+    if (value < 0 && *whole != 0) out += '-';
+    AppendDigits(out, *whole, decimals);
     return true;
+}
+
+// The nearest double to the value rounded to so many decimals, which is the quotient of two whole numbers
+// that doubles hold. Nothing where they do not.
+std::optional<double> RoundedExactly(double value, std::size_t decimals) {
+    constexpr std::uint64_t LargestExact = std::uint64_t{1} << 53;
+    const std::optional<std::uint64_t> whole = ScaledExactly(value, decimals);
+    if (!whole || *whole > LargestExact) return std::nullopt;
+    const double rounded = static_cast<double>(*whole) / static_cast<double>(PowersOfTen[decimals]);
+    return value < 0 && *whole != 0 ? -rounded : rounded;
+}
+
+// Of a value from 1 to less than 10^15.
+std::size_t WholeDigits(double positive) {
+    constexpr double Powers[] = {1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7, 1e8,
+                                 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    std::size_t digits = 1;
+    while (positive >= Powers[digits - 1]) ++digits;
+    return digits;
 }
 
 // The fast road to 15 significant digits for values from 1 on, whose plain form needs no exponent.
 bool AppendGeneralExactly(std::string& out, double value) {
     const double positive = std::fabs(value);
     if (!(positive >= 1 && positive < 1e15)) return false;
-    std::size_t wholeDigits = 1;
-    while (positive >= static_cast<double>(PowersOfTen[wholeDigits])) ++wholeDigits;
+    const std::size_t wholeDigits = WholeDigits(positive);
     const std::size_t start = out.size();
     if (!AppendFixedExactly(out, value, 15 - wholeDigits)) return false;
     const std::size_t sign = out[start] == '-' ? 1 : 0;
@@ -256,13 +301,27 @@ std::string FixedText(double value, int decimals) {
     return text;
 }
 
-std::string TwoDigitFixedText(double value, int decimals) {
-    std::string text = FixedText(value, decimals);
-    const std::size_t first = text[0] == '-' ? 1 : 0;
-    const std::size_t point = std::min(text.find('.'), text.size());
-    if (point - first < 2) text.insert(first, 1, '0');
-    if (decimals <= 0) text += '.';
-    return text;
+double RoundedAsFixedText(double value, int decimals) {
+    const auto rounded = RoundedExactly(value, static_cast<std::size_t>(std::max(decimals, 0)));
+    return rounded ? *rounded : NumberFromText(FixedText(value, decimals));
+}
+
+double RoundedAsGeneralText(double value) {
+    const double positive = std::fabs(value);
+    if (positive >= 1 && positive < 1e15) {
+        const std::optional<double> rounded = RoundedExactly(value, 15 - WholeDigits(positive));
+        if (rounded) return *rounded;
+    }
+    return NumberFromText(GeneralText(value));
+}
+
+void AppendTwoDigitFixed(std::string& out, double value, int decimals) {
+    const std::size_t start = out.size();
+    AppendFixed(out, value, decimals);
+    const std::size_t first = start + (out[start] == '-' ? 1 : 0);
+    const std::size_t point = std::min(out.find('.', start), out.size());
+    if (point - first < 2) out.insert(first, 1, '0');
+    if (decimals <= 0) out += '.';
 }
 
 }  // namespace tarvek

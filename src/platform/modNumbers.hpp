@@ -42,6 +42,10 @@ void AppendFixed(std::string& out, double value, int decimals);
 std::string FixedText(double value, int decimals);
 // The same under a pattern of two zeros, a point and `decimals` zeros ("00.00"): at least two digits before
 // the point, and the point stands also when `decimals` is 0.
-std::string TwoDigitFixedText(double value, int decimals);
+void AppendTwoDigitFixed(std::string& out, double value, int decimals);
+
+// What NumberFromText makes of those texts, without the detour: the value of GeneralText, of FixedText.
+double RoundedAsGeneralText(double value);
+double RoundedAsFixedText(double value, int decimals);
 
 }  // namespace tarvek

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "library/modLibraryNames.hpp"  // the words of a coordinate system
 #include "platform/modWord.hpp"
 #include "surveyfiles/modSharedList.hpp"
 
@@ -16,9 +17,6 @@ inline constexpr const char* NoValueText = "-99999";
 
 inline bool HasValue(double value) { return value != NoValue; }
 inline bool HasValue(float value) { return value != NoValueSingle; }
-
-// The name of the geographic coordinate system.
-inline constexpr const char* GeographicSystem = "GCS - Geographic Coordinates";
 
 // One survey point. Angles are radians, lengths are in the unit that the record names. A fresh record is the
 // empty one.

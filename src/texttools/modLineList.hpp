@@ -27,6 +27,9 @@ inline Key KeyOf(std::string_view text) {
     return static_cast<Key>(byteAt(0) | byteAt(1) << 8);
 }
 
+// One bit for each key.
+using KeySet = std::bitset<std::numeric_limits<Key>::max() + 1>;
+
 // The bits of a key that a tag of this length decides.
 inline Key MaskOf(std::size_t tagLength) {
     constexpr Key Masks[] = {0x0000, 0x00FF, 0xFFFF};
@@ -53,8 +56,8 @@ class LineBlock {
 
     // Appends a line in upper case and gives its key.
     Key AppendUpperCase(std::string_view text) {
-        char* const place = Store(text);
-        UpperCase(place + sizeof(Length), text.size());
+        char* const place = Room(text);
+        CopyUpperCase(place + sizeof(Length), text);
         places_.push_back(place);
         keys_.push_back(KeyOf(Line(keys_.size())));
         return keys_.back();
@@ -88,13 +91,18 @@ class LineBlock {
         return length;
     }
 
-    static void Put(char* place, std::string_view text) {
-        const auto length = static_cast<Length>(text.size());
+    static void PutLength(char* place, std::size_t size) {
+        const auto length = static_cast<Length>(size);
         std::memcpy(place, &length, sizeof length);
-        std::memcpy(place + sizeof length, text.data(), text.size());
     }
 
-    char* Store(std::string_view text) {
+    static void Put(char* place, std::string_view text) {
+        PutLength(place, text.size());
+        std::memcpy(place + sizeof(Length), text.data(), text.size());
+    }
+
+    // A new place for `text`, with its length put there.
+    char* Room(std::string_view text) {
         if (text.size() > std::numeric_limits<Length>::max()) RaiseFault(Fault::Overflow);
         const std::size_t size = sizeof(Length) + text.size();
         if (size > room_) {
@@ -103,10 +111,16 @@ class LineBlock {
             free_ = chunks_.back().get();
         }
         char* const place = free_;
-        Put(place, text);
+        PutLength(place, text.size());
         free_ += size;
         room_ -= size;
         used_ += size;
+        return place;
+    }
+
+    char* Store(std::string_view text) {
+        char* const place = Room(text);
+        std::memcpy(place + sizeof(Length), text.data(), text.size());
         return place;
     }
 
@@ -130,7 +144,7 @@ class LineBlock {
 // The lines of the input file, in blocks, with the keys that occur or once occurred among them.
 struct LineList {
     std::deque<LineBlock> blocks;
-    std::bitset<std::numeric_limits<Key>::max() + 1> keys;
+    KeySet keys;
 
     void Append(std::string_view line) {
         if (blocks.empty() || blocks.back().IsFull()) blocks.emplace_back();

@@ -128,18 +128,9 @@ bool ApplyToLine(const SearchReplaceCommand& command, LineBlock& block, std::siz
     return true;
 }
 
-bool ApplyToBlock(const SearchReplaceCommand& command, LineBlock& block) {
-    const Key mask = MaskOf(command.FindTag.size());
-    const Key tagKey = KeyOf(command.FindTag);
-    const Key* const keys = block.Keys();
-    for (std::size_t i = 0, count = block.Count(); i < count; ++i)
-        if ((keys[i] & mask) == tagKey && !ApplyToLine(command, block, i)) return false;
-    return true;
-}
-
 using Commands = std::span<const SearchReplaceCommand>;
 
-// The commands at the beginning that may be taken together, block by block: those without arithmetic, which
+// The commands at the beginning that may be taken together, line by line: those without arithmetic, which
 // can neither fail nor tell anything, so that nobody sees their order across lines. Any other goes alone over
 // all lines.
 Commands FirstRun(Commands commands) {
@@ -148,11 +139,48 @@ Commands FirstRun(Commands commands) {
     return commands.first(count > 0 ? count : 1);
 }
 
+// A command with what it looks for among the keys.
+struct KeyedCommand {
+    const SearchReplaceCommand* command;
+    Key mask;
+    Key key;
+
+    bool Fits(Key lineKey) const { return (lineKey & mask) == key; }
+};
+
+std::vector<KeyedCommand> Keyed(Commands run) {
+    std::vector<KeyedCommand> keyed;
+    keyed.reserve(run.size());
+    for (const SearchReplaceCommand& command : run)
+        keyed.push_back({&command, MaskOf(command.FindTag.size()), KeyOf(command.FindTag)});
+    return keyed;
+}
+
+bool FindsNothing(const SearchReplaceCommand& command) { return !State.lines.MayHold(command.FindTag); }
+
+// The keys that some command of the run looks for.
+KeySet KeysOf(const std::vector<KeyedCommand>& run) {
+    KeySet keys;
+    for (const KeyedCommand& keyed : run)
+        for (std::size_t key = keyed.key; key < keys.size(); key += std::size_t{keyed.mask} + 1)
+            keys.set(key);
+    return keys;
+}
+
 // False where a command failed.
-bool ApplyToAllLines(Commands run) {
-    for (LineBlock& block : State.lines.blocks)
-        for (const SearchReplaceCommand& command : run)
-            if (State.lines.MayHold(command.FindTag) && !ApplyToBlock(command, block)) return false;
+bool ApplyToAllLines(Commands commands) {
+    // Where none finds a line as they stand, none is changed for another to find.
+    if (std::all_of(commands.begin(), commands.end(), FindsNothing)) return true;
+    const std::vector<KeyedCommand> run = Keyed(commands);
+    const KeySet keys = KeysOf(run);
+    for (LineBlock& block : State.lines.blocks) {
+        const Key* const lineKeys = block.Keys();
+        for (std::size_t i = 0, count = block.Count(); i < count; ++i) {
+            if (!keys.test(lineKeys[i])) continue;
+            for (const KeyedCommand& keyed : run)
+                if (keyed.Fits(lineKeys[i]) && !ApplyToLine(*keyed.command, block, i)) return false;
+        }
+    }
     return true;
 }
 

@@ -18,15 +18,12 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "support/testSupport.hpp"
 
 namespace tarvek::test {
-
-using FilesByName = std::map<std::string, std::string>;
 
 // The arguments of a command line, the program's name among them.
 inline std::vector<std::string> SplitCommand(const std::string& line) {
@@ -44,15 +41,6 @@ inline std::vector<std::string> SplitCommand(const std::string& line) {
             words.back() += c;
     }
     return words;
-}
-
-// Every file under a folder with its bytes, by its path from there.
-inline FilesByName FilesUnder(const std::string& folder) {
-    FilesByName files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
-        if (!entry.is_directory())
-            files[entry.path().lexically_relative(folder).string()] = ReadBytes(entry.path().string());
-    return files;
 }
 
 // `bytes` for a report: a control character escaped, a new line also kept, a very long text cut.

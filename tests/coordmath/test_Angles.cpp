@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "coordmath/modAngles.hpp"
-#include "platform/modFaults.hpp"
 #include "support/testSupport.hpp"
 
 namespace tarvek::test {
@@ -27,16 +26,6 @@ constexpr const char* DMS = "DDD MM SS.ssss";
 constexpr const char* Packed = "DDD.MMSSssss";
 constexpr const char* Degrees = "DDD.dddddd";
 constexpr const char* DM = "DDD MM.mmmm";
-
-template <class Call>
-int FaultNumberOf(Call call) {
-    try {
-        call();
-    } catch (const RuntimeFault& fault) {
-        return static_cast<int>(fault.Number());
-    }
-    return 0;
-}
 
 struct Row {
     const char* text;
@@ -60,13 +49,18 @@ class Angles : public ::testing::Test {
                        "Invalid Angle");
     }
 
-    void ExpectSecondsRefused(const char* format, const std::string& text) {
-        prompts_.told.clear();
-        EXPECT_EQ(Angles_GET_Radians(text, format), None) << text;
+    void ExpectSecondsToldOnly(const std::string& text) {
         ExpectToldOnly(
             prompts_,
             "Invalid Angle '" + text + "'. Seconds portion must be positive and not exceed 59.9999999999999.",
             "Invalid Angle");
+        prompts_.told.clear();
+    }
+
+    void ExpectSecondsRefused(const char* format, const std::string& text) {
+        prompts_.told.clear();
+        EXPECT_EQ(Angles_GET_Radians(text, format), None) << text;
+        ExpectSecondsToldOnly(text);
     }
 
     void ExpectFault(int number, const char* format, std::initializer_list<const char*> texts) {
@@ -192,13 +186,17 @@ TEST_F(Angles, SecondsBeyondTheirLimitsAreTold) {
     ExpectSecondsRefused(DMS, "10 00 -0.001");
     ExpectSecondsRefused(DMS, "10 00 59.99999999999999");
     ExpectSecondsRefused(Packed, "10.0060");
+    ExpectSecondsRefused(Packed, "10.005999999999999999");  // 14 nines behind 59
     ExpectSecondsRefused(Packed, "10.00-1");
     ExpectSecondsRefused(DM, "10 -0.5");
+    ExpectSecondsRefused(DM, "10 0.9999999999999999");  // 59.999999999999994 seconds
 }
 
 TEST_F(Angles, TheLargestSecondsAreAccepted) {
     // 59.9999999999999 seconds are 0.0166666666666666 degrees: to 15 digits the sum is 10.0166666666667.
     ExpectDegrees(DMS, {{"10 00 59.9999999999999", 10.0166666666667}});
+    ExpectDegrees(Packed, {{"10.00599999999999999", 10.0166666666667}});  // 13 nines behind 59
+    ExpectDegrees(DM, {{"10 0.999999999999998", 10.0166666666667}});      // 59.99999999999988 seconds
 }
 
 TEST_F(Angles, AnUnknownFormatIsTold) {
@@ -221,6 +219,25 @@ TEST_F(Angles, AFieldBeyondSixteenBitsIsAnOverflow) {
     ExpectFault(6, DMS, {"32768", "-32769 0 0", "1E20", "45 40000 0"});
     ExpectFault(6, Packed, {"32768", "32768.3000", "-40000.0000"});
     ExpectFault(6, DM, {"32768 0", "45 32768", "45 -1E10"});
+}
+
+// The lowest number of 16 bits can be read, but its size has no place in them.
+TEST_F(Angles, TheLowestDegreesAreAnOverflow) {
+    ExpectFault(6, DMS, {"-32768", "-32768 0 0", "-32768 30 15.5", "-32768.4 0 0"});
+    ExpectFault(6, Packed, {"-32768", "-32768.3", "-32768.0000"});
+    ExpectFault(6, DM, {"-32768 0", "-32768 30.5"});
+    ExpectDegrees(DMS, {{"-32767 0 0", -32767}});
+    ExpectDegrees(Packed, {{"-32767.0000", -32767}});
+    ExpectDegrees(DM, {{"-32767 0", -32767}});
+}
+
+TEST_F(Angles, TheLowestDegreesOverflowWhereTheSignIsTakenOff) {
+    // Degrees, minutes and seconds take it off before they look at the minutes; the others look first.
+    ExpectFault(6, DMS, {"-32768 60 0", "-32768 0 60"});
+    ExpectMinutesRefused(Packed, "-32768.6000");
+    ExpectSecondsRefused(Packed, "-32768.0060");
+    ExpectMinutesRefused(DM, "-32768 60");
+    ExpectSecondsRefused(DM, "-32768 -0.5");
 }
 
 TEST_F(Angles, DegreesWithoutMinutesAreASubscriptFault) {
@@ -313,6 +330,29 @@ TEST_F(Angles, SecondsCarryIntoMinutesAndDegrees) {
     // 10.9999 degrees are 10 59 59.64.
     EXPECT_EQ(Angles_GET_TextDMS(10.9999 / ToDegrees, 0, false), "11 00 00.");
     EXPECT_EQ(Angles_GET_TextDMS(10.9999 / ToDegrees, 2, false), "10 59 59.64");
+    ExpectNothingTold(prompts_);
+}
+
+TEST_F(Angles, SecondsThatWouldPrintBeyondTheirLimitAreTold) {
+    // A sixtieth of a degree, 2.908882086657213E-4 radians, less 3E-19 radians, which are 6E-14 seconds.
+    const double radians = 2.90888208665721E-4;
+    EXPECT_EQ(Angles_GET_TextDMS(radians, 14, false), "-99999");
+    ExpectSecondsToldOnly("0 00 59.99999999999994");
+    EXPECT_EQ(Angles_GET_TextDMS(radians, 14, true), "-99999");
+    ExpectSecondsToldOnly("0\xB0 00' 59.99999999999994\"");
+    EXPECT_EQ(Angles_GET_TextDMS(-radians, 14, false), "-99999");
+    ExpectSecondsToldOnly("-0 00 59.99999999999994");
+    EXPECT_EQ(Angles_GET_TextDMSPacked(radians, 14), "-99999");
+    ExpectSecondsToldOnly("0 00 59.99999999999994");
+}
+
+TEST_F(Angles, SecondsUpToTheirLimitArePrinted) {
+    // With a digit less the same angle prints as the limit itself, with two less as a minute.
+    EXPECT_EQ(Angles_GET_TextDMS(2.90888208665721E-4, 13, false), "0 00 59.9999999999999");
+    EXPECT_EQ(Angles_GET_TextDMS(2.90888208665721E-4, 12, false), "0 01 00.000000000000");
+    // Less 5E-19 radians, which are 10E-14 seconds.
+    EXPECT_EQ(Angles_GET_TextDMS(2.908882086657208E-4, 14, false), "0 00 59.99999999999990");
+    EXPECT_EQ(Angles_GET_TextDMSPacked(2.908882086657208E-4, 14), "0.005999999999999990");
     ExpectNothingTold(prompts_);
 }
 

@@ -10,7 +10,6 @@
 #include <string_view>
 
 #include "driver/modTranslate.hpp"
-#include "platform/modFaults.hpp"
 #include "platform/modProgramFolder.hpp"
 #include "support/testSupport.hpp"
 #include "surveyfiles/modSurveyRecords.hpp"
@@ -60,16 +59,5 @@ class DriverTest : public ::testing::Test {
     const std::string out = folder.File("out.ctl");
     ScriptedPrompts prompts;
 };
-
-// Fails unless `run` ends in this fault of the run time.
-template <class Run>
-void ExpectFault(Fault number, const Run& run) {
-    try {
-        run();
-        ADD_FAILURE() << "no fault";
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Number(), number) << fault.Text();
-    }
-}
 
 }  // namespace tarvek::test

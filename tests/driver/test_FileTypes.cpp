@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "foreignfiles/modNGSFiles.hpp"
+#include "library/modTranslatorNames.hpp"
 #include "surveyfiles/modTarvekFiles.hpp"
 
 namespace tarvek {
@@ -77,6 +78,20 @@ TEST(FileTypes, AreNotGuessedFromOtherPaths) {
     for (const char* path :
          {"", "a", "ctl", "a.", "a.ctlx", "a.ct", "folder.ctl/a", "folder.ctl\\a", "a.ctl "})
         EXPECT_EQ(FileTypeOfPath(path), nullptr) << path;
+}
+
+// What `tarvek check` expects a definition to name is what the types can do.
+TEST(FileTypes, DoWhatDefinitionsAreCheckedFor) {
+    std::size_t known = 0;
+    for (const TypeLabel& label : TypeLabels()) {
+        const FileType* const type = FileTypeOfLabel(label.label);
+        if (type == nullptr) continue;
+        ++known;
+        EXPECT_EQ(type->read != nullptr, (label.roles & Readable) != 0) << label.label;
+        EXPECT_EQ(type->write != nullptr, (label.roles & Writable) != 0) << label.label;
+        EXPECT_EQ(type->writeConverted != nullptr, (label.roles & WritableConverted) != 0) << label.label;
+    }
+    EXPECT_GE(known, 8U);
 }
 
 // Every key of a help text can be used, and comes once.

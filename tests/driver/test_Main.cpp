@@ -9,9 +9,9 @@
 namespace tarvek {
 namespace {
 
-using test::ExpectFault;
 using test::ExpectNothingTold;
 using test::ExpectToldOnly;
+using test::FaultOf;
 
 class MainTest : public test::DriverTest {
   protected:
@@ -111,7 +111,7 @@ TEST_F(MainTest, NamesADefinitionForAnEmptyFieldOfFive) {
 TEST_F(MainTest, PassesOnTheFaultOfATranslation) {
     PutDefinition("x", "one line");
     PutInput();
-    ExpectFault(Fault::EndOfFilePassed, [&] { Main("-t|x|" + Files()); });
+    EXPECT_EQ(FaultOf([&] { Main("-t|x|" + Files()); }), Fault::EndOfFilePassed);
 }
 
 TEST_F(MainTest, RefusesAWrongCountOfFieldsForATranslation) {
@@ -169,7 +169,7 @@ TEST_F(MainTest, ReadsTheShowResultFlagAsABoolean) {
 
 TEST_F(MainTest, FaultsOnAFlagThatIsNoBoolean) {
     for (const std::string_view line : {"-s|yes|a|b|c", "-s||a|b|c"})
-        ExpectFault(Fault::TypeMismatch, [&] { Main(line); });
+        EXPECT_EQ(FaultOf([&] { Main(line); }), Fault::TypeMismatch);
     EXPECT_EQ(dialogsShown, 0);
 }
 

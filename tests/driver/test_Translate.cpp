@@ -8,9 +8,9 @@ namespace tarvek {
 namespace {
 
 using test::ControlLabel;
-using test::ExpectFault;
 using test::ExpectNothingTold;
 using test::ExpectToldOnly;
+using test::FaultOf;
 
 constexpr std::string_view DefaultCaption = "Tarvek Translator";
 
@@ -55,8 +55,8 @@ TEST_F(Translate, AsksBeforeItReadsTheDefinition) {
 TEST_F(Translate, ReadsTheDefinitionBeforeItLooksForTheConfigurationFile) {
     const std::string definition = PutDefinition("x", "Replace\r\nAction\r\n");
     PutInput();
-    ExpectFault(Fault::EndOfFilePassed,
-                [&] { TranslateFromCommandLine(definition, in, out, folder.File("none.trn")); });
+    EXPECT_EQ(FaultOf([&] { TranslateFromCommandLine(definition, in, out, folder.File("none.trn")); }),
+              Fault::EndOfFilePassed);
     ExpectNothingTold(prompts);
 }
 
@@ -117,7 +117,8 @@ TEST_F(Translate, NeedsFourLinesOfADefinition) {
                                          "ConvertFile\nAction\nTarvek Control Files (*.CTL)"}) {
         SCOPED_TRACE(bytes);
         const std::string definition = PutDefinition("x", bytes);
-        ExpectFault(Fault::EndOfFilePassed, [&] { TranslateFromCommandLine(definition, in, out, ""); });
+        EXPECT_EQ(FaultOf([&] { TranslateFromCommandLine(definition, in, out, ""); }),
+                  Fault::EndOfFilePassed);
         ExpectNothingTold(prompts);
         EXPECT_FALSE(OutputExists());
     }
@@ -225,7 +226,8 @@ TEST_F(Translate, TellsWhatTheReaderRefusesAndEndsInAFault) {
     folder.Put("in.ctl", "AC:PR\r\n\r\n");
     Tables().InputPoints.Append({});
     const std::string definition = PutControlToControl("x");
-    ExpectFault(Fault::SubscriptOutOfRange, [&] { TranslateFromCommandLine(definition, in, out, ""); });
+    EXPECT_EQ(FaultOf([&] { TranslateFromCommandLine(definition, in, out, ""); }),
+              Fault::SubscriptOutOfRange);
     ExpectToldOnly(prompts,
                    "Invalid Tarvek Control File '" + in +
                        "'.\nError on line 2.\nAn Tarvek Control File can not contain blank lines.",
@@ -241,7 +243,8 @@ TEST_F(Translate, ReadsNothingByAnUnknownLabel) {
         Tables().InputHeader.PR = "PR:left over";
         Tables().InputPoints.Append({});
         const std::string definition = PutDefinition("x", "ConvertFile", label, ControlLabel);
-        ExpectFault(Fault::SubscriptOutOfRange, [&] { TranslateFromCommandLine(definition, in, out, ""); });
+        EXPECT_EQ(FaultOf([&] { TranslateFromCommandLine(definition, in, out, ""); }),
+                  Fault::SubscriptOutOfRange);
         ExpectNothingTold(prompts);
         EXPECT_EQ(Tables().InputHeader.PR, "");
         EXPECT_FALSE(OutputExists());

@@ -5,13 +5,11 @@
 
 #include <initializer_list>
 #include <numbers>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "foreignfiles/modNGSFiles.hpp"
-#include "platform/modFaults.hpp"
 #include "support/testSupport.hpp"
 #include "surveyfiles/modSurveyRecords.hpp"
 
@@ -20,6 +18,7 @@ namespace {
 
 using test::ExpectNothingTold;
 using test::ExpectToldOnly;
+using test::Lines;
 using test::ReadBytes;
 using test::ScriptedPrompts;
 using test::TemporaryFolder;
@@ -45,14 +44,8 @@ std::string Line(std::initializer_list<Placed> texts) {
     return line;
 }
 
-std::string Lines(std::initializer_list<std::string> lines) {
-    std::string text;
-    for (const std::string& line : lines) text += line + "\r\n";
-    return text;
-}
-
 // Stands for its own line end, so that it can be one of the lines.
-std::string Sheet(std::initializer_list<std::string> lines) {
+std::string Sheet(std::initializer_list<std::string_view> lines) {
     std::string text = Lines(lines);
     text.resize(text.size() - 2);
     return text;
@@ -116,6 +109,14 @@ std::string NewOrtho(std::string_view datum, std::string_view height, std::strin
                  {72, source}});
 }
 
+std::string OldAccuracyTitle() {
+    return Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}});
+}
+
+std::string NewAccuracyTitle() {
+    return Line({{10, "FGDC Geospatial Positioning Accuracy Standards (95% confidence, cm)"}});
+}
+
 double Radians(long double degrees, long double minutes, long double seconds) {
     const long double decimal = degrees + minutes / 60 + seconds / 3600;
     return static_cast<double>(decimal * std::numbers::pi_v<long double> / 180);
@@ -147,13 +148,8 @@ class NGSFiles : public testing::Test {
     }
 
     // The fault of the run time that ends the import.
-    std::optional<Fault> FaultOf(Reader reader, std::string_view bytes) {
-        try {
-            Read(reader, bytes);
-        } catch (const RuntimeFault& fault) {
-            return fault.Number();
-        }
-        return std::nullopt;
+    Fault FaultOf(Reader reader, std::string_view bytes) {
+        return test::FaultOf([&] { Read(reader, bytes); });
     }
 
     void ExpectTablesKept() {
@@ -239,6 +235,28 @@ TEST_F(NGSFiles, LinesBeforeTheFirstSheetAreIgnored) {
     EXPECT_EQ(OnlyPoint().PN, "");
     EXPECT_EQ(OnlyPoint().LT, NoValue);
     EXPECT_EQ(System().HD, "");
+}
+
+TEST_F(NGSFiles, NumbersBeforeTheFirstSheetAreNotRead) {
+    const std::string height = Line({{10, "ELLIP HEIGHT-"}, {30, "no number"}});
+    const std::string values = Line({{52, "no number"}});
+    ReadQuietly(ReadNGSFile, Lines({height, OldAccuracyTitle(), "", "", values, OldHeader()}));
+    EXPECT_EQ(OnlyPoint().HE, NoValue);
+    EXPECT_EQ(OnlyPoint().SY, NoValueSingle);
+    ReadQuietly(ReadNGSFile, Lines({NewAccuracyTitle(), "", "", values, NewHeader()}));
+    EXPECT_EQ(OnlyPoint().SZ, NoValueSingle);
+}
+
+// The title of a block does not take the header, within the three lines behind it, for a line of its own.
+TEST_F(NGSFiles, AccuracyTitleBeforeTheFirstSheetLeavesTheHeaderAlone) {
+    for (const auto& [title, header] :
+         {std::pair(OldAccuracyTitle(), OldHeader()), std::pair(NewAccuracyTitle(), NewHeader())}) {
+        ReadQuietly(ReadNGSFile, Lines({title, header, KeyLine("PID", "AA0001"), KeyLine("PID", "AA0002")}));
+        EXPECT_EQ(OnlyPoint().PN, "AA0002");
+        ReadQuietly(ReadNGSFile, Lines({title, "", "", header, KeyLine("PID", "AA0003")}));
+        EXPECT_EQ(OnlyPoint().PN, "AA0003");
+        EXPECT_EQ(OnlyPoint().SY, NoValueSingle);
+    }
 }
 
 TEST_F(NGSFiles, HeaderAloneGivesAnEmptyPointWithUnits) {
@@ -559,7 +577,7 @@ TEST_F(NGSFiles, AccuracyTitleMustStandExactly) {
     ReadQuietly(ReadNGSFileBefore2012,
                 Lines({OldHeader(),
                        Line({{11, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}}),
-                       Line({{10, "FGDC Geospatial Positioning Accuracy Standards (95% confidence, cm)"}}),
+                       NewAccuracyTitle(),
                        Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) -------"}})}));
     EXPECT_EQ(OnlyPoint().SY, NoValueSingle);
 }
@@ -592,11 +610,9 @@ TEST_F(NGSFiles, LineBehindAPositionIsTheVerticalLineAndStillAnEllipsoidHeight) 
 }
 
 TEST_F(NGSFiles, LineBehindAPositionIsStillAnAccuracyTitle) {
-    ReadQuietly(
-        ReadNGSFileBefore2012,
-        Lines({OldHeader(), WidePosition("NAD 83(1986)"),
-               Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}}), "1",
-               KeyLine("PID", "NOT READ"), Line({{57, "19.599"}, {64, "39.198"}, {71, "97.995"}})}));
+    ReadQuietly(ReadNGSFileBefore2012,
+                Lines({OldHeader(), WidePosition("NAD 83(1986)"), OldAccuracyTitle(), "1",
+                       KeyLine("PID", "NOT READ"), Line({{57, "19.599"}, {64, "39.198"}, {71, "97.995"}})}));
     EXPECT_EQ(OnlyPoint().SZ, 0.5F);
     EXPECT_EQ(OnlyPoint().Z, NoValue);
     EXPECT_EQ(OnlyPoint().PN, "");
@@ -634,8 +650,7 @@ TEST_F(NGSFiles, EllipsoidHeightNeedsNoStarAndTellsOtherSources) {
 
 TEST_F(NGSFiles, OrderOfCORSIdentifierAndAccuracyBlockDecides) {
     const std::string block =
-        Sheet({Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}}), "", "",
-               Line({{57, "19.599"}, {64, "39.198"}, {71, "97.995"}})});
+        Sheet({OldAccuracyTitle(), "", "", Line({{57, "19.599"}, {64, "39.198"}, {71, "97.995"}})});
     ReadQuietly(ReadNGSFileBefore2012, Lines({OldHeader(), KeyLine("CORS_ID", "ABCD"), block, OldHeader(),
                                               block, KeyLine("CORS_ID", "ABCD")}));
     EXPECT_EQ(Points(2)[0].SY, 0.1F);
@@ -647,15 +662,12 @@ TEST_F(NGSFiles, OrderOfCORSIdentifierAndAccuracyBlockDecides) {
 
 TEST_F(NGSFiles, LabelOfTheAccuracyRowIsNotLookedAt) {
     ReadQuietly(ReadNGSFileBefore2012,
-                Lines({OldHeader(),
-                       Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}}),
-                       "", "", Line({{10, "LOCAL"}, {57, "19.599"}, {64, "39.198"}, {71, "97.995"}})}));
+                Lines({OldHeader(), OldAccuracyTitle(), "", "",
+                       Line({{10, "LOCAL"}, {57, "19.599"}, {64, "39.198"}, {71, "97.995"}})}));
     EXPECT_EQ(OnlyPoint().SY, 0.1F);
     EXPECT_EQ(OnlyPoint().Others, "CM:Retrieval Date = MARCH  1, 2000");
-    ReadQuietly(ReadNGSFile2012,
-                Lines({NewHeader(),
-                       Line({{10, "FGDC Geospatial Positioning Accuracy Standards (95% confidence, cm)"}}),
-                       "", "", Line({{10, "LOCAL"}, {52, "19.599"}, {60, "39.198"}})}));
+    ReadQuietly(ReadNGSFile2012, Lines({NewHeader(), NewAccuracyTitle(), "", "",
+                                        Line({{10, "LOCAL"}, {52, "19.599"}, {60, "39.198"}})}));
     EXPECT_EQ(OnlyPoint().SY, 0.1F);
     EXPECT_EQ(OnlyPoint().Others, "CM:Retrieval Date = MAY 26, 2015");
 }
@@ -1255,16 +1267,13 @@ const NumberField NumberFields[] = {
     {"ellipsoid height", ReadNGSFileBefore2012, {Line({{10, "ELLIP HEIGHT-"}, {24, "#"}})}},
     {"accuracy north",
      ReadNGSFileBefore2012,
-     {Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}}), "", "",
-      Line({{57, "#"}, {64, "1"}, {71, "1"}})}},
+     {OldAccuracyTitle(), "", "", Line({{57, "#"}, {64, "1"}, {71, "1"}})}},
     {"accuracy east",
      ReadNGSFileBefore2012,
-     {Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}}), "", "",
-      Line({{57, "1"}, {64, "#"}, {71, "1"}})}},
+     {OldAccuracyTitle(), "", "", Line({{57, "1"}, {64, "#"}, {71, "1"}})}},
     {"accuracy up",
      ReadNGSFileBefore2012,
-     {Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}}), "", "",
-      Line({{57, "1"}, {64, "1"}, {71, "#"}})}},
+     {OldAccuracyTitle(), "", "", Line({{57, "1"}, {64, "1"}, {71, "#"}})}},
     {"narrow latitude", ReadNGSFileBefore2012, {Line({{8, "*"}, {22, "-"}, {24, "#"}, {45, "1"}}), ""}},
     {"narrow longitude", ReadNGSFileBefore2012, {Line({{8, "*"}, {22, "-"}, {24, "1"}, {45, "#"}}), ""}},
     {"wide latitude", ReadNGSFileBefore2012, {Line({{8, "*"}, {26, "-"}, {28, "#"}, {46, "1"}}), ""}},
@@ -1281,12 +1290,10 @@ const NumberField NumberFields[] = {
      {Line({{8, "*"}, {10, "POSITION"}, {31, "-"}, {32, "1"}, {50, "#"}})}},
     {"horizontal accuracy since 2012",
      ReadNGSFile2012,
-     {Line({{10, "FGDC Geospatial Positioning Accuracy Standards (95% confidence, cm)"}}), "", "",
-      Line({{52, "#"}, {60, "1"}})}},
+     {NewAccuracyTitle(), "", "", Line({{52, "#"}, {60, "1"}})}},
     {"vertical accuracy since 2012",
      ReadNGSFile2012,
-     {Line({{10, "FGDC Geospatial Positioning Accuracy Standards (95% confidence, cm)"}}), "", "",
-      Line({{52, "1"}, {60, "#"}})}},
+     {NewAccuracyTitle(), "", "", Line({{52, "1"}, {60, "#"}})}},
 };
 
 class NGSNumbers : public NGSFiles, public testing::WithParamInterface<NumberField> {
@@ -1325,23 +1332,17 @@ TEST_P(NGSNumbers, NoNumberIsAFault) {
 }
 
 TEST_F(NGSFiles, ErrorEstimateBeyond32BitsIsAFault) {
-    const std::string title =
-        Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}});
-    EXPECT_EQ(FaultOf(ReadNGSFileBefore2012,
-                      Lines({OldHeader(), title, "", "", Line({{57, "1e300"}, {64, "1"}, {71, "1"}})})),
+    EXPECT_EQ(FaultOf(ReadNGSFileBefore2012, Lines({OldHeader(), OldAccuracyTitle(), "", "",
+                                                    Line({{57, "1e300"}, {64, "1"}, {71, "1"}})})),
               Fault::Overflow);
     ExpectTablesKept();
 }
 
 TEST_F(NGSFiles, FileEndingWithinABlockIsAFault) {
-    const std::string oldTitle =
-        Line({{10, "------- Accuracy Estimates (at 95% Confidence Level in cm) --------"}});
-    const std::string newTitle =
-        Line({{10, "FGDC Geospatial Positioning Accuracy Standards (95% confidence, cm)"}});
     EXPECT_EQ(FaultOf(ReadNGSFile, Lines({OldHeader(), NarrowPosition("NAD 83")})), Fault::EndOfFilePassed);
     EXPECT_EQ(FaultOf(ReadNGSFile, Lines({OldHeader(), WidePosition("NAD 83")})), Fault::EndOfFilePassed);
-    EXPECT_EQ(FaultOf(ReadNGSFile, Lines({OldHeader(), oldTitle, "", ""})), Fault::EndOfFilePassed);
-    EXPECT_EQ(FaultOf(ReadNGSFile, Lines({NewHeader(), newTitle, "", ""})), Fault::EndOfFilePassed);
+    EXPECT_EQ(FaultOf(ReadNGSFile, Lines({OldHeader(), OldAccuracyTitle(), "", ""})), Fault::EndOfFilePassed);
+    EXPECT_EQ(FaultOf(ReadNGSFile, Lines({NewHeader(), NewAccuracyTitle(), "", ""})), Fault::EndOfFilePassed);
     ExpectTablesKept();
     ExpectNothingTold(prompts_);
 }

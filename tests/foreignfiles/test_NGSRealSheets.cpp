@@ -296,12 +296,7 @@ TEST_P(NGSRealFiles, AreImportedOrRefused) {
             EXPECT_FALSE(Tables().InputPoints.IsAllocated());
             break;
         case End::TypeMismatch:
-            try {
-                ReadNGSFile(path);
-                ADD_FAILURE() << "no fault";
-            } catch (const RuntimeFault& fault) {
-                EXPECT_EQ(fault.Number(), Fault::TypeMismatch);
-            }
+            EXPECT_EQ(test::FaultOf([&] { ReadNGSFile(path); }), Fault::TypeMismatch);
             ExpectConflicts(prompts, GetParam().conflicts);
             EXPECT_FALSE(Tables().InputPoints.IsAllocated());
             break;

@@ -2,6 +2,7 @@
 
 #include "foreignfiles/modNGSFiles.hpp"
 #include "fuzz/fuzzSupport.hpp"
+#include "fuzz/fuzzTables.hpp"
 #include "surveyfiles/modSurveyRecords.hpp"
 #include "surveyfiles/modTarvekFiles.hpp"
 
@@ -9,21 +10,6 @@ namespace {
 
 using namespace tarvek;
 using fuzz::Require;
-
-void FillInput() {
-    Tables() = {};
-    Tables().InputHeader.PR = "PR:before";
-    PointRecord point;
-    point.PN = "BEFORE";
-    Tables().InputPoints.Append(point);
-}
-
-void RequireInputAsBefore() {
-    const SurveyTables& tables = Tables();
-    Require(tables.InputHeader.PR == "PR:before", "a refusal keeps the header");
-    Require(tables.InputPoints.size() == 1 && tables.InputPoints[0].PN == "BEFORE",
-            "a refusal keeps the points");
-}
 
 void RequireImport() {
     const SurveyTables& tables = Tables();
@@ -49,9 +35,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     prompts.agrees = (choice & 4) == 0;
     const std::string_view text = fuzz::TextOf(data, size);
     const fuzz::MemoryFile file(text.substr(size > 0 ? 1 : 0));
-    FillInput();
+    fuzz::FillInput();
     if (!fuzz::Succeeds([&] { return Readers[choice & 3](file.Path()); })) {
-        RequireInputAsBefore();
+        fuzz::RequireInputAsBefore();
         return 0;
     }
     RequireImport();

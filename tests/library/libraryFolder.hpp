@@ -2,6 +2,7 @@
 // A program folder of a test's own, with a small library in which nothing is wrong.
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -128,10 +129,13 @@ inline constexpr std::string_view CleanZones =
     "Positive Longitude Direction=E\r\n"
     "Linear Units=International Feet\r\n";
 
-// A folder that holds that library.
+// A folder that holds that library, and one definition.
 class CleanLibraryFolder : public LibraryFolder {
   public:
     CleanLibraryFolder() {
+        std::filesystem::create_directory(File("KTIFiles"));
+        Put("KTIFiles/clean.kti",
+            "ConvertFile\r\nCopy\r\nTarvek Control Files (*.CTL)\r\nTarvek Control Files (*.CTL)\r\n");
         PutEllipsoids(CleanEllipsoids);
         PutDatums(CleanDatums);
         PutZones(CleanZones);

@@ -113,6 +113,30 @@ TEST(GetINIValue, NamesMayHoldBracketsBlanksAndHyphens) {
     EXPECT_EQ(ValueIn("  [A] behind it\nk=1\n", "A", "k"), "1");
 }
 
+TEST(GetINIValue, KeyMayBeginWithABracket) {
+    constexpr std::string_view File = "[A]\n[HARN] NAD 83=1\n [x]y = 2\n[]=3\n[q] r=[s] t\nk=4\n";
+    EXPECT_EQ(ValueIn(File, "A", "[HARN] NAD 83"), "1");
+    EXPECT_EQ(ValueIn(File, "A", "[x]y"), "2");
+    EXPECT_EQ(ValueIn(File, "A", "[]"), "3");
+    EXPECT_EQ(ValueIn(File, "A", "[q] r"), "[s] t");
+    EXPECT_EQ(ValueIn(File, "A", "k"), "4");
+    EXPECT_EQ(NamesIn(File), Text("A\0"));
+}
+
+TEST(GetINIValue, LineThatEndsInABracketIsASectionWhateverItHolds) {
+    EXPECT_EQ(NamesIn("[a=b]\n[c] d=[e]\n  [f]  \n[]\n"), Text("a=b\0c] d=[e\0f\0\0"));
+}
+
+TEST(GetINIValue, SectionMayBeFollowedByAComment) {
+    EXPECT_EQ(NamesIn("[A] ; see [B]\n[C]; k=1\n[D [e]] ;\n[F]x] ;]\n"), Text("A\0C\0D [e]\0F]x\0"));
+    EXPECT_EQ(ValueIn("[A] ; of [B] = b\nk=1\n", "A", "k"), "1");
+}
+
+TEST(GetINIValue, OpenBracketAloneIsNoSection) {
+    EXPECT_EQ(ValueIn("[A]\n[B\n[C=1\nk=2\n", "A", "k"), "2");
+    EXPECT_EQ(ValueIn("[A]\n[B\n[C=1\nk=2\n", "A", "[C"), "1");
+}
+
 TEST(GetINIValue, CommentsAreNoKeys) {
     EXPECT_EQ(ValueIn("[A]\n;k=1\n  ; k=2\nk=3\n", "A", "k"), "3");
     EXPECT_EQ(ValueIn(";[A]\nk=1\n", "A", "k"), "none");
@@ -168,6 +192,10 @@ TEST(PutINIValue, CommentsStayWhereTheyAre) {
     EXPECT_EQ(AfterPut("[A]\nk=1\n; of k\n\n; of B\n[B]\n", "A", "m", "3"),
               "[A]\nk=1\n; of k\nm=3\n\n; of B\n[B]\n");
     EXPECT_EQ(AfterPut("; head\n[A]\n;k=1\nk=2\n", "A", "k", "3"), "; head\n[A]\n;k=1\nk=3\n");
+    EXPECT_EQ(AfterPut("[A]\n; of A\n\n; of B\n[B]\n", "A", "m", "3"), "[A]\n; of A\nm=3\n\n; of B\n[B]\n");
+    EXPECT_EQ(AfterPut("[A]\nk=1\n; of k\n[B]\n", "A", "m", "3"), "[A]\nk=1\n; of k\nm=3\n[B]\n");
+    EXPECT_EQ(AfterPut("[A]\nk=1\n\n; of l\nl=2\n[B]\n", "A", "m", "3"),
+              "[A]\nk=1\n\n; of l\nl=2\nm=3\n[B]\n");
 }
 
 TEST(PutINIValue, NewSectionGoesToTheEndOfTheFile) {
@@ -240,22 +268,28 @@ TEST(PutINIValue, KeepsModeAndLink) {
 void ExpectRefused(std::string_view section, std::string_view key, std::string_view value) {
     const TemporaryFolder folder;
     const std::string file = folder.Put("a.ini", "[A]\nk=1\n");
-    try {
-        PUT_INIValue(file, section, key, value);
-        ADD_FAILURE() << "taken: " << section << " / " << key << " / " << value;
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Number(), Fault::InvalidCall);
-    }
+    EXPECT_EQ(FaultOf([&] { PUT_INIValue(file, section, key, value); }), Fault::InvalidCall)
+        << section << " / " << key << " / " << value;
     EXPECT_EQ(ReadBytes(file), "[A]\nk=1\n");
 }
 
-TEST(PutINIValue, LineEndsAndControlCharactersAreRefused) {
-    for (const std::string bad : {"x\ny", "x\ry", "x\ty", "\x1B[0m", "x\x7F", "\x01"}) {
+TEST(PutINIValue, ControlCharactersInNamesAreRefused) {
+    for (const std::string& bad :
+         {std::string("x\ny"), std::string("x\ry"), std::string("x\ty"), std::string("\x1B[0m"),
+          std::string("x\x7F"), std::string("\x01"), Text("x\0y")}) {
         ExpectRefused(bad, "k", "v");
         ExpectRefused("A", bad, "v");
-        ExpectRefused("A", "k", bad);
     }
-    ExpectRefused("A", "k", Text("x\0y"));
+}
+
+TEST(PutINIValue, LineEndsAndNULInAValueAreRefusedAndNothingElseIs) {
+    for (const std::string& bad :
+         {std::string("x\ny"), std::string("x\r"), std::string("\r\n"), Text("x\0y")})
+        ExpectRefused("A", "k", bad);
+    for (const std::string value : {"x\ty", "\t", "\x1B[0m", "x\x7F", "\x01", "\xB0\xFF"}) {
+        EXPECT_EQ(AfterPut("[A]\nk=1\n", "A", "k", value), "[A]\nk=" + value + "\n");
+        EXPECT_EQ(ValueIn("[A]\nk=" + value + "\n", "A", "k"), value);
+    }
 }
 
 TEST(PutINIValue, KeysThatWouldNotBeReadBackAreRefused) {
@@ -263,14 +297,23 @@ TEST(PutINIValue, KeysThatWouldNotBeReadBackAreRefused) {
     ExpectRefused("A", "  ", "v");
     ExpectRefused("A", "a=b", "v");
     ExpectRefused("A", ";k", "v");
-    ExpectRefused("A", "[B]", "v");
     ExpectRefused("A", "[B", "]");
+    ExpectRefused("A", "[B] c", "[d]");
+    ExpectRefused("A", "[B] c", "[d] ;e");
     ExpectRefused("", "k", "v");
+}
+
+TEST(PutINIValue, SectionsThatWouldNotBeReadBackAreRefused) {
+    for (const char* section : {"A];", "A] ; see [B", "A]  ;x]"}) ExpectRefused(section, "k", "v");
 }
 
 TEST(PutINIValue, BracketsInNamesAreTaken) {
     EXPECT_EQ(AfterPut("[A]\n", "A]x", "k]", "v]"), "[A]\n[A]x]\nk]=v]\n");
     EXPECT_EQ(ValueIn("[A]\n[A]x]\nk]=v]\n", "A]x", "k]"), "v]");
+    EXPECT_EQ(AfterPut("[A]\n", "A", "[HARN] NAD 83", "1"), "[A]\n[HARN] NAD 83=1\n");
+    EXPECT_EQ(AfterPut("[A]\n[HARN] NAD 83=1\n[B]\n", "A", "[harn] nad 83", "22"),
+              "[A]\n[HARN] NAD 83=22\n[B]\n");
+    EXPECT_EQ(AfterPut("[A] ; see [B]\n[B]\n", "A", "k", "v"), "[A] ; see [B]\nk=v\n[B]\n");
 }
 
 TEST(PutINIValue, RefusalOfTheFileSystemIsToldAndFalse) {

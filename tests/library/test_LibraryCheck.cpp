@@ -1,28 +1,8 @@
-#include "library/modLibraryCheck.hpp"
-
-#include <filesystem>
-#include <ostream>
-
+#include "library/libraryFaults.hpp"
 #include "library/libraryFolder.hpp"
-
-namespace tarvek {
-
-bool operator==(const LibraryFault& a, const LibraryFault& b) {
-    return a.file == b.file && a.section == b.section && a.key == b.key && a.text == b.text;
-}
-
-std::ostream& operator<<(std::ostream& out, const LibraryFault& fault) {
-    return out << fault.file << " [" << fault.section << "] " << fault.key << ": " << fault.text;
-}
-
-}  // namespace tarvek
 
 namespace tarvek::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-using Faults = std::vector<LibraryFault>;
 
 TEST(CheckLibrary, CleanLibraryIsSilent) {
     const CleanLibraryFolder folder;
@@ -54,8 +34,21 @@ const Plant Plants[] = {
      "The name lacks its coordinate system or its zone."},
     {"zones.ini", "~5001 - Zone 1]", "~5001 - Zone 1 ]", "AK - Alaska~5001 - Zone 1 ", "",
      "The name has a blank at its end."},
-    {"zones.ini", "~5001 - Zone 1]", "~5001\t]", "AK - Alaska~5001\t", "",
+    {"zones.ini", "~5001 - Zone 1]", "~5001 -\t]", "AK - Alaska~5001 -\t", "",
      "The name holds a control character."},
+    {"zones.ini", "~5001 - Zone 1]", "~5001 Zone 1]", "AK - Alaska~5001 Zone 1", "",
+     "A part of the name has no short name before a '-', and no file can name it."},
+    {"zones.ini", "~5001 - Zone 1]", "~ - Zone 1]", "AK - Alaska~ - Zone 1", "",
+     "A part of the name has no short name before a '-', and no file can name it."},
+    {"zones.ini", "[AK - Alaska~", "[Alaska~", "Alaska~5001 - Zone 1", "",
+     "A part of the name has no short name before a '-', and no file can name it."},
+    {"zones.ini", "[AK - Alaska~", "[GCS - Geographic Coordinates~",
+     "GCS - Geographic Coordinates~5001 - Zone 1", "",
+     "The short name of the coordinate system is that of the geographic one, which has no zones."},
+    {"zones.ini", "[AK - Alaska~", "[gcs - of mine~", "gcs - of mine~5001 - Zone 1", "",
+     "The short name of the coordinate system is that of the geographic one, which has no zones."},
+    {"zones.ini", "[AK - Alaska~5001 - Zone 1]", "[vel-other~ e -Zone 1]", "vel-other~ e -Zone 1", "",
+     "Its short names are those of 'VEL - Velmora State Plane~E - East', which is found first."},
     // what a zone refers to
     {"zones.ini", "Horizontal Datum=NAD 83\r\nComp", "Horizontal Datum=NAD83\r\nComp", East,
      "Horizontal Datum", "'NAD83' is no section of datums.ini."},
@@ -65,6 +58,10 @@ const Plant Plants[] = {
      "'Clarke 1867' is no section of ellipsoids.ini."},
     {"zones.ini", "Vertical Datum=NAVD 88", "Vertical Datum=NGVD 29", East, "Vertical Datum",
      "'NGVD 29' is no section of datums.ini."},
+    {"zones.ini", "Horizontal Datum=NAD 27", "Horizontal Datum=NAVD 88", West, "Horizontal Datum",
+     "'NAVD 88' is a datum of type Vertical."},
+    {"zones.ini", "Vertical Datum=NAVD 88", "Vertical Datum=nad 27", East, "Vertical Datum",
+     "'nad 27' is a datum of type Horizontal."},
     {"zones.ini", "Projection=Transverse Mercator", "Projection=Mercator", East, "Projection",
      "'Mercator' is none of the six projections."},
     {"zones.ini", "Projection=Transverse Mercator", "Projection=transverse mercator", East, "Projection",
@@ -107,6 +104,8 @@ const Plant Plants[] = {
     {"zones.ini", "Southern Parallel=34.2\r\n", "", West, "Southern Parallel", "The value is missing."},
     {"zones.ini", "Southern Parallel=34.2", "Southern Parallel=36.1", West, "Southern Parallel",
      "The two parallels are equal."},
+    {"zones.ini", "Southern Parallel=34.2", "Southern Parallel=-36.1", West, "Southern Parallel",
+     "The two parallels lie equally far north and south of the equator, and make no cone."},
     // numbers
     {"zones.ini", "Northing=-5000000", "Northing=-5,000,000", Alaska, "False Northing",
      "'-5,000,000' is no number."},
@@ -157,6 +156,21 @@ const Plant Plants[] = {
      "'GEOCON11 Beta NAD 83 (2007) to NAD 83 (2011) - Guam' is no transformation method."},
     {"datums.ini", "NAVD 88=GEOID09 NAD 83", "navd 88=GEOID12 NAD 83", "NAD 83 (2007)", "navd 88",
      "'GEOID12 NAD 83 to NAVD 88' is no transformation method."},
+    {"datums.ini", "NAD 83=NADCON NAD 27 to NAD 83", "NAD 83=VERTCON NGVD 29 to NAVD 88", "NAD 27", "NAD 83",
+     "'VERTCON NGVD 29 to NAVD 88' moves no positions, all that a datum of type Horizontal has."},
+    {"datums.ini", "NAD 83 (2007)=\r\n", "NAD 83 (2007)=GEOID09 NAVD 88 to NAD 83\r\n", "NAD 83",
+     "NAD 83 (2007)",
+     "'GEOID09 NAVD 88 to NAD 83' moves no positions, all that a datum of type Horizontal has."},
+    {"datums.ini", "NAD 83 (2007)=GEOID09", "NAD 83=GEOID09", "NAVD 88", "NAD 83",
+     "'GEOID09 NAVD 88 to NAD 83' moves no positions, all that a datum of type Horizontal has."},
+    {"datums.ini", "NAD 83 (2007)=GEOID09 NAVD 88 to NAD 83", "NAD 83 (2007)=NADCON NAD 27 to NAD 83",
+     "NAVD 88", "NAD 83 (2007)",
+     "'NADCON NAD 27 to NAD 83' is not taken for heights, all that a datum of type Vertical has."},
+    {"datums.ini", "NAVD 88=GEOID09 NAD 83 to NAVD 88", "NAVD 88=GEOID12A NAD 83 to NAVD 88", "NAD 83 (2007)",
+     "NAVD 88",
+     "'GEOID12A NAD 83 to NAVD 88' is not taken for heights, all that a datum of type Vertical has."},
+    {"datums.ini", "NAD 83 (2011)=GEOCON11", "nad 83 (2007)=GEOCON11", "NAD 83 (2007)", "nad 83 (2007)",
+     "A datum is never transformed to itself."},
     // ellipsoids
     {"ellipsoids.ini", "Semimajor Axis=6378137", "Semimajor Axis=6,378,137", "GRS 80", "Semimajor Axis",
      "'6,378,137' is no number."},
@@ -211,6 +225,14 @@ TEST(CheckLibrary, OddButReadableValuesAreSilent) {
         {"zones.ini", "Northing=-5000000", "Northing=\"-5E6\"", "", "", ""},
         {"zones.ini", "Datum=NAD 27", "Datum=nad 27", "", "", ""},
         {"zones.ini", "False Easting=200000\r\n", "False Easting=200000\r\nNote=x\r\n", "", "", ""},
+        {"zones.ini", "Southern Parallel=34.2", "Southern Parallel=-34.2", "", "", ""},
+        {"zones.ini", "[AK - Alaska~5001 - Zone 1]", "[VEL - Velmora State Plane~E2 - East]", "", "", ""},
+        {"zones.ini", "Vertical Datum=NAVD 88", "Vertical Datum=NAD 83 (2011)", "", "", ""},
+        {"zones.ini", "Datum=NAD 27", "Datum=NAD 83 (2011)", "", "", ""},
+        {"datums.ini", "NAD 83 (2007)=GEOID09 NAVD 88 to NAD 83",
+         "NAD 83 (2007)=GEOCON Beta NAD 83 (HARN) to NAD 83 (2007) - CONUS", "", "", ""},
+        {"datums.ini", "NAD 83 (2007)=\r\n",
+         "NAD 83 (2007)=HTDP 3.2.3 NAD 83 (2007/2011/CORS) to WGS 84 (G1674)\r\n", "", "", ""},
         {"datums.ini", "Type=Vertical", "Type=Vertical\r\nEllipsoid=gone", "", "", ""},
         {"datums.ini", "Type=Vertical", "Type=Vertical\r\nfull name=x\r\nShow=1", "", "", ""},
         {"ellipsoids.ini", "Semiminor Axis=6356752.3141", "Semiminor Axis=6356752.31", "", "", ""},
@@ -254,7 +276,8 @@ TEST(CheckLibrary, MissingFilesAreTold) {
     const LibraryFolder folder;
     const Faults expected = {{"zones.ini", "", "", "There is no such file."},
                              {"datums.ini", "", "", "There is no such file."},
-                             {"ellipsoids.ini", "", "", "There is no such file."}};
+                             {"ellipsoids.ini", "", "", "There is no such file."},
+                             {"KTIFiles", "", "", "There is no such folder."}};
     EXPECT_EQ(CheckLibrary(), expected);
 }
 
@@ -290,44 +313,6 @@ TEST(CheckLibrary, NamesBeyondTheListsLimitAreTold) {
     const Faults expected = {{"datums.ini", "z1", "",
                               "The names of the sections up to this one have more than 29998 characters; the "
                               "rest is never listed."}};
-    EXPECT_EQ(CheckLibrary(), expected);
-}
-
-// ---- translator definitions
-
-class DefinitionFolder : public CleanLibraryFolder {
-  public:
-    DefinitionFolder() {
-        fs::create_directory(File("KTIFiles"));
-        fs::create_directory(File("TRNFiles"));
-    }
-};
-
-TEST(CheckLibrary, GoodDefinitionsAreSilent) {
-    const DefinitionFolder folder;
-    folder.Put("TRNFiles/Filter.TRN", "");
-    folder.Put("KTIFiles/four.kti", "ConvertFile\r\na\r\nb\r\nc");
-    folder.Put("KTIFiles/empty5.kti", "ConvertFile\r\na\r\nb\r\nc\r\n\r\n");
-    folder.Put("KTIFiles/bare.kti", "Replace\na\nb\nc\nfilter.trn\n");
-    folder.Put("KTIFiles/path.KTI", "Replace\na\nb\nc\n" + folder.File("TRNFiles/Filter.TRN") + "\n");
-    folder.Put("KTIFiles/back.kti", "Replace\na\nb\nc\n" + folder.Path() + "\\TRNFiles\\filter.trn\n");
-    folder.Put("KTIFiles/notes.txt", "x");
-    EXPECT_EQ(CheckLibrary(), Faults{});
-}
-
-TEST(CheckLibrary, FaultyDefinitionsAreNamed) {
-    const DefinitionFolder folder;
-    folder.Put("KTIFiles/a.kti", "ConvertFile\r\na\r\nb\r\n");
-    folder.Put("KTIFiles/b.KTI", "");
-    folder.Put("KTIFiles/c.kti", "Replace\na\nb\nc\nfilter.trn\n");
-    folder.Put("KTIFiles/d.kti", "Replace\na\nb\nc\nC:\\TRNFiles\\filter.trn\n");
-    folder.Put("filter.trn", "");  // not where a bare name lies
-    const Faults expected = {
-        {"KTIFiles/a.kti", "", "", "The definition has fewer than four lines."},
-        {"KTIFiles/b.KTI", "", "", "The definition has fewer than four lines."},
-        {"KTIFiles/c.kti", "", "", "There is no configuration file 'filter.trn'."},
-        {"KTIFiles/d.kti", "", "", "There is no configuration file 'C:\\TRNFiles\\filter.trn'."},
-    };
     EXPECT_EQ(CheckLibrary(), expected);
 }
 

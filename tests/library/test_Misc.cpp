@@ -18,17 +18,6 @@ Texts TextsOf(const ComboBoxList& list) {
     return texts;
 }
 
-// The number of the fault that `call` raises; 0 for none.
-template <class Call>
-int FaultOf(Call call) {
-    try {
-        call();
-        return 0;
-    } catch (const RuntimeFault& fault) {
-        return static_cast<int>(fault.Number());
-    }
-}
-
 constexpr int SubscriptOutOfRange = 9;
 constexpr int TypeMismatch = 13;
 
@@ -135,7 +124,7 @@ TEST(LoadZones, ShowFlagThatIsNoNumberIsAFault) {
     const LibraryFolder folder;
     folder.PutZones("[A~w]\n[A~x]\nShow In=yes\n[B~y]\n");
     ComboBoxList list;
-    EXPECT_EQ(FaultOf([&] { LOAD_Zones_ComboBoxList(list, true, "A"); }), TypeMismatch);
+    EXPECT_EQ(FaultNumberOf([&] { LOAD_Zones_ComboBoxList(list, true, "A"); }), TypeMismatch);
     EXPECT_EQ(TextsOf(list), Texts{"w"});
     // The flags of other systems are not read.
     EXPECT_EQ(ZonesOf(true, "B"), Texts{"y"});
@@ -193,7 +182,8 @@ TEST(LoadDatums, ShowFlagThatIsMissingOrNoNumberIsAFault) {
         // Also where the type would not pass.
         folder.PutDatums("[A]\nType=Horizontal\nShow In=1\n[B]\nType=Vertical\n" + std::string(flag));
         ComboBoxList list;
-        EXPECT_EQ(FaultOf([&] { LOAD_Datums_ComboBoxList(list, true, true, false, false); }), TypeMismatch);
+        EXPECT_EQ(FaultNumberOf([&] { LOAD_Datums_ComboBoxList(list, true, true, false, false); }),
+                  TypeMismatch);
         EXPECT_EQ(TextsOf(list), Texts{"A"});
     }
 }
@@ -240,7 +230,7 @@ TEST(LoadLocalZones, LinesWithTheirLeadingNumber) {
 TEST(LoadLocalZones, MissingFileIsAFault) {
     const LibraryFolder folder;
     ComboBoxList list;
-    EXPECT_EQ(FaultOf([&] { LOAD_LocalZones_ComboBoxList(list, folder.Path()); }), 53);
+    EXPECT_EQ(FaultNumberOf([&] { LOAD_LocalZones_ComboBoxList(list, folder.Path()); }), 53);
 }
 
 TEST(ZoneDefaults, AreThreeKeysOfTheZone) {
@@ -271,7 +261,7 @@ TEST(FindZoneSection, SectionWithoutTildeIsAFault) {
     const LibraryFolder folder;
     folder.PutZones("[A - a~B - b]\n[C]\n[D - d~E - e]\n");
     EXPECT_EQ(FIND_ZoneSection("A", "B"), "A - a~B - b");
-    EXPECT_EQ(FaultOf([] { FIND_ZoneSection("D", "E"); }), SubscriptOutOfRange);
+    EXPECT_EQ(FaultNumberOf([] { FIND_ZoneSection("D", "E"); }), SubscriptOutOfRange);
 }
 
 TEST(FindZoneSection, MissingFileGivesNothing) {
@@ -295,8 +285,8 @@ TEST(FixedNumberText, OddResultsOfLargeAndNegativeValues) {
     EXPECT_EQ(GET_FixedNumberText(-1.5e20), "0-1.5E+20");
     EXPECT_EQ(GET_FixedNumberText(-1e20), "0-1E+20");
     EXPECT_EQ(GET_FixedNumberText(1.25e16), "0.000000000000000125");
-    EXPECT_EQ(FaultOf([] { GET_FixedNumberText(1e-20); }), 5);
-    EXPECT_EQ(FaultOf([] { GET_FixedNumberText(1e20); }), 5);
+    EXPECT_EQ(FaultNumberOf([] { GET_FixedNumberText(1e-20); }), 5);
+    EXPECT_EQ(FaultNumberOf([] { GET_FixedNumberText(1e20); }), 5);
 }
 
 TEST(FileNames, LastPartBehindEitherSeparator) {

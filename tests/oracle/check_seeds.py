@@ -5,7 +5,8 @@ usage: check_seeds.py DATA-FOLDER parameters|names|references|selftest
   parameters  every zone against two definitions that PROJ holds of it: the registered system of its name, as projinfo
               writes it, and the entry of its code in PROJ's state plane files; every ellipsoid against PROJ's table
   names       the section names of zones.ini leave room for zones of the user's own
-  references  every name in the files is a section, and a transformation that has a way back has it in the files
+  references  every name in the files is a section, a transformation that has a way back has it in the files, and from
+              every datum lead exactly the roads that this file lists
   selftest    a value that is changed a little is found by the checks above
 Exit 77 where PROJ's programs or files are absent.
 """
@@ -19,6 +20,7 @@ import subprocess
 import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
+from typing import NamedTuple
 
 SKIPPED = 77
 METRES = {"Meters": 1.0, "U.S. Survey Feet": 1200 / 3937, "International Feet": 0.3048}
@@ -43,6 +45,16 @@ ELLIPSOIDS = {
     "Everest 1830 (1962 Definition)": "evrst56", "Everest 1830 Modified": "evrst48", "Australian National": "aust_SA",
     "GRS 67": "GRS67", "Helmert 1906": "helmert", "Hough 1960": "hough", "Krassowsky 1940": "krass", "WGS 72": "WGS72",
 }  # fmt: skip
+DATUMS = {  # PROJ's name of a datum: the section of datums.ini on which a zone of it must be
+    "North American Datum 1927": "NAD 27",
+    "North American Datum 1983": "NAD 83",
+    "NAD83 (National Spatial Reference System 2011)": "NAD 83",  # a variant in feet that is registered there alone
+    "NAD83 (National Spatial Reference System PA11)": "NAD 83 (PA11)",
+    "NAD83 (National Spatial Reference System MA11)": "NAD 83 (MA11)",
+    "Old Hawaiian": "Old Hawaiian",
+    "Puerto Rico": "Puerto Rico",
+    "American Samoa 1962": "American Samoa 1962",
+}
 OTHER_NAMES = {  # systems whose name is not datum, slash, zone
     "Puerto Rico": "Puerto Rico State Plane CS of 1927",
     "St. Croix": "Puerto Rico / St. Croix",
@@ -100,10 +112,12 @@ def seed_definition(library, name):
         "x_0": metres * float(zone["False Easting"]),
         "y_0": metres * float(zone["False Northing"]),
         "units": PROJ_UNITS[zone["Linear Units"]],
+        "datum": zone["Horizontal Datum"],
     }
-    if "Northern Parallel" in zone:
-        parallels = (north * packed(zone[key]) for key in ("Southern Parallel", "Northern Parallel"))
-        found["lat_1"], found["lat_2"] = sorted(parallels)
+    if "Northern Parallel" in zone:  # not sorted: the one must lie north of the other
+        found["lat_1"], found["lat_2"] = (
+            north * packed(zone[key]) for key in ("Southern Parallel", "Northern Parallel")
+        )
     else:
         found["k"] = float(zone["Scale Factor"])
     if kind == "omerc":
@@ -176,15 +190,22 @@ def system_names(name, zone):
     return [f"{family} / {place}{SUFFIXES[zone['Linear Units']]}" for family in ("NAD83", "NAD83(2011)")]
 
 
+class Registered(NamedTuple):
+    text: str  # PROJ's definition
+    datum: str  # the section of datums.ini that stands for the datum of the system
+
+
 def registered(name, zone):
-    """PROJ's definition of the registered system of a zone, as text."""
+    """The registered system of a zone; None if PROJ has none."""
     for system in system_names(name, zone):
         answer = subprocess.run(
             ["projinfo", "--single-line", "-o", "WKT2:2019,PROJ", system], capture_output=True, text=True
         )
         # projinfo also takes a name that is nearly right.
         if answer.returncode == 0 and f'PROJCRS["{system}"' in answer.stdout:
-            return re.search(r"^\+proj.*$", answer.stdout, re.MULTILINE)[0]
+            datum = re.search(r'BASEGEOGCRS\["[^"]*",(?:DATUM|ENSEMBLE)\["([^"]*)"', answer.stdout)[1]
+            text = re.search(r"^\+proj.*$", answer.stdout, re.MULTILINE)[0]
+            return Registered(text, DATUMS.get(datum, f"on {datum}, of which the seeds know nothing"))
     return None
 
 
@@ -228,11 +249,12 @@ def compare_planes(name, one, other, latitude, longitude, tolerance):
     return faults
 
 
-def check_registered(name, seed, text, axes):
+def check_registered(name, seed, system, axes):
     """The faults of a zone against the registered system of its name."""
-    if text is None:
+    if system is None:
         return [f"{name}: PROJ knows no system of that name and unit"]
-    wanted = definition(text, axes)
+    text = system.text
+    wanted = definition(text, axes) | {"datum": system.datum}
     if "Lambert Conformal Conic - NAD 27 Equations" != seed["projection"] or not wanted["y_0"]:
         return compare(name, seed, wanted)
     # The NAD 27 equations have no false northing: the central latitude stands for it.
@@ -286,9 +308,9 @@ def check_parameters(library, folder):
     faults = check_ellipsoids(library, axes)
     names = list(library.zones)
     with ThreadPoolExecutor() as pool:
-        texts = dict(zip(names, pool.map(lambda name: registered(name, library.zones[name]), names)))
+        systems = dict(zip(names, pool.map(lambda name: registered(name, library.zones[name]), names)))
     for name in names:
-        faults += check_registered(name, with_projection(library, name), texts[name], axes)
+        faults += check_registered(name, with_projection(library, name), systems[name], axes)
 
     for system, file, without, beyond in (("SPC27", "nad27", {5400}, set()), ("SPC83", "nad83", set(), {1600})):
         entries = state_plane_file(folder, file)
@@ -297,8 +319,9 @@ def check_parameters(library, folder):
             faults.append(f"{system}: the zones are not those of {file}: {set(zones) ^ set(entries)}")
         for code in sorted(set(zones) & set(entries)):
             name = zones[code]
-            if texts[name]:
-                faults += check_file_entry(name, with_projection(library, name), entries[code], axes, texts[name])
+            if systems[name]:
+                seed, text = with_projection(library, name), systems[name].text
+                faults += check_file_entry(name, seed, entries[code], axes, text)
     return faults
 
 
@@ -318,6 +341,7 @@ def check_names(library):
     return faults
 
 
+PLAIN_KEYS = {"Full Name", "Type", "Ellipsoid", "Show In", "Show Out"}  # of a datum: all but its transformations
 WAYS_BACK = [  # the method, and what its way back reads like
     (r"NADCON NAD 27 to NAD 83", "NADCON NAD 83 to NAD 27"),
     (r"NADCON NAD 83 \(1986\) to Alabama HPGN", "NADCON Alabama HPGN to NAD 83 (1996)"),
@@ -325,6 +349,69 @@ WAYS_BACK = [  # the method, and what its way back reads like
     (r"(GEOCON|GEOCON11) Beta (.+) to (.+) - (.+)", r"\1 Beta \3 to \2 - \4"),
     (r"(VERTCON|GEOID\d\d) (.+) to (.+)", r"\1 \3 to \2"),
 ]
+
+
+HTDP = dict.fromkeys(
+    ("WGS 84", "WGS 84 (G1674)", "EPSG::6326"), "HTDP 3.2.3 NAD 83 (2007/2011/CORS) to WGS 84 (G1674)"
+)
+# The one method that leaves heights alone which were moved already.
+TO_6326 = {"EPSG::6326": "GEOCON Beta NAD 83 (HARN) to NAD 83 (2007) - CONUS"}
+TO_NAD27 = {"NAD 27": "NADCON NAD 83 to NAD 27"}
+HPGN_DATUMS = 49
+REALISATIONS = {  # realisation of NAD 83 and region: the geoid model on it that leads to NAVD 88
+    ("HARN", "CONUS"): "GEOID99", ("HARN", "Alaska"): "GEOID06", ("HARN", "PR/VI"): None, ("FBN", "CONUS"): "GEOID03",
+    ("2007", "CONUS"): "GEOID09", ("2007", "Alaska"): "GEOID09", ("2007", "PR/VI"): None, ("2011", "CONUS"): None,
+    ("2011", "Alaska"): None, ("2011", "PR/VI"): None, ("CORS", "CONUS"): None,
+}  # fmt: skip
+GRIDS = [("HARN", "2007", "GEOCON Beta"), ("2007", "2011", "GEOCON11 Beta")]
+DEAD_ENDS = ["NAD 83 (PA11)", "NAD 83 (MA11)", "Old Hawaiian", "Puerto Rico", "American Samoa 1962", *HTDP]
+
+
+def hpgn_roads(name):
+    """(method from NAD 83 (1986), method to it)"""
+    place, suffix = re.fullmatch(r"(.+ HPGN)(.*)", name).groups()
+    suffix = re.sub(r"(\d) L", "\\1\xb0 L", suffix)
+    year = 1996 if place == "Alabama HPGN" else 1986
+    return f"NADCON NAD 83 (1986) to {place}{suffix}", f"NADCON {place} to NAD 83 ({year}){suffix}"
+
+
+def expected_roads(hpgn_names):
+    """{datum: {target: method}}, every datum and every road from it."""
+    nad83 = {"NAD 83": "NADCON NAD 27 to NAD 83", "NAD 83 (1986)": "NADCON NAD 27 to NAD 83"}
+    roads = {"NAD 27": nad83, "NAD 83": TO_NAD27 | HTDP, "NAD 83 (1986)": dict(TO_NAD27)}
+    for name in hpgn_names:
+        roads["NAD 83 (1986)"][name], back = hpgn_roads(name)
+        roads[name] = {"NAD 83 (1986)": back}
+    roads |= {name: {} for name in DEAD_ENDS} | {"NAD 83 Ellipsoid Heights": TO_6326}
+    roads["NGVD 29"] = {"NAVD 88": "VERTCON NGVD 29 to NAVD 88"}
+    roads["NAVD 88"] = {"NGVD 29": "VERTCON NAVD 88 to NGVD 29"} | TO_6326
+    for (tag, region), model in REALISATIONS.items():
+        place = "" if region == "CONUS" else f" {region}"
+        ways = roads[f"NAD 83 ({tag}){place}"] = dict(HTDP) if tag in ("2007", "2011", "CORS") else {}
+        if model:
+            ways["NAVD 88"] = f"{model} NAD 83 to NAVD 88"
+            roads["NAVD 88"][f"NAD 83 ({tag}){place}"] = f"{model} NAVD 88 to NAD 83"
+        for old, new, tool in GRIDS:
+            for start, end in ((old, new), (new, old)):
+                if start == tag:
+                    ways[f"NAD 83 ({end}){place}"] = f"{tool} NAD 83 ({start}) to NAD 83 ({end}) - {region}"
+    for tag in ("1986", "2007", "2011", "CORS"):  # the spelling of data sheets
+        roads[f"NAD 83({tag})"] = roads[f"NAD 83 ({tag})"]
+    return roads
+
+
+def check_roads(library):
+    hpgn_names = [name for name in library.datums if " HPGN" in name]
+    expected = expected_roads(hpgn_names)
+    faults = [] if len(hpgn_names) == HPGN_DATUMS else [f"{len(hpgn_names)} HPGN datums instead of {HPGN_DATUMS}"]
+    for name in expected.keys() | library.datums.keys():
+        wanted = expected.get(name)
+        found = {key: value for key, value in library.datums.get(name, {}).items() if key not in PLAIN_KEYS}
+        if wanted is None or name not in library.datums:
+            faults.append(f"{name}: the datum is {'not expected' if wanted is None else 'missing'}")
+        elif found != wanted:
+            faults.append(f"{name}: the roads differ: {sorted(found.items() ^ wanted.items())}")
+    return faults
 
 
 def check_references(library):
@@ -337,13 +424,12 @@ def check_references(library):
         ):
             if zone[key] not in sections and not (zone[key] == "" and key != "Horizontal Datum"):
                 faults.append(f"{name}: {key} '{zone[key]}' is no section")
-    plain = {"Full Name", "Type", "Ellipsoid", "Show In", "Show Out"}
     methods = set()
     for name, datum in library.datums.items():
         if datum["Type"] != "Vertical" and datum.get("Ellipsoid") not in library.ellipsoids:
             faults.append(f"{name}: the ellipsoid is no section")
         for target, method in datum.items():
-            if target in plain:
+            if target in PLAIN_KEYS:
                 continue
             methods.add(method)
             if target not in library.datums:
@@ -354,15 +440,7 @@ def check_references(library):
             back = next((m.expand(way) for pattern, way in WAYS_BACK if (m := re.fullmatch(pattern, method))), None)
             if back and library.datums[target].get(name) != back:
                 faults.append(f"{name}: no way back from '{target}' by '{back}'")
-    for name, target, start in (
-        ("NAD 83", "EPSG::6326", "HTDP 3.2.3"),
-        ("NAD 83 (2011)", "EPSG::6326", "HTDP 3.2.3"),
-        ("NAD 83(2011)", "EPSG::6326", "HTDP 3.2.3"),
-        ("NAVD 88", "EPSG::6326", "GEOCON Beta NAD 83 ("),  # the one method that leaves the moved heights alone
-        ("NAD 83 Ellipsoid Heights", "EPSG::6326", "GEOCON Beta NAD 83 ("),
-    ):
-        if not library.datums.get(name, {}).get(target, "").startswith(start):
-            faults.append(f"{name}: no way to '{target}' by '{start}...'")
+    faults += check_roads(library)
     kinds = {kind: sum(method.startswith(kind) for method in methods) for kind in ("NADCON", "GEOID", "VERTCON")}
     if kinds != {"NADCON": 100, "GEOID": 8, "VERTCON": 2}:
         faults.append(f"the datums do not use every method: {kinds}")
@@ -387,6 +465,22 @@ def changed_values(zone):
             other = "E" if value == "W" else "W"
         if other is not None:
             yield key, zone | {key: other}
+    for datum in set(DATUMS.values()) - {zone["Horizontal Datum"]}:
+        yield "Horizontal Datum", zone | {"Horizontal Datum": datum}
+    if "Northern Parallel" in zone:
+        north, south = zone["Northern Parallel"], zone["Southern Parallel"]
+        yield "Northern Parallel", zone | {"Northern Parallel": south, "Southern Parallel": north}
+
+
+def changed_roads(library):
+    """(name, what stands for that datum, how to tell it): each with one road more, less or other."""
+    for name, datum in library.datums.items():
+        for target in [key for key in datum if key not in PLAIN_KEYS][:3]:
+            without = {key: method for key, method in datum.items() if key != target}
+            yield name, without, f"{name} without '{target}'"
+            yield name, datum | {target: "NADCON"}, f"{name} to '{target}' by another method"
+        yield name, datum | {"WGS 72": "NADCON"}, f"a new way from {name}"
+        yield name, None, f"no {name}"
 
 
 def selftest(library):
@@ -398,15 +492,15 @@ def selftest(library):
         if (zone["Projection"], moved) in seen:
             continue
         seen.add((zone["Projection"], moved))
-        text = registered(name, zone)
-        if check_registered(name, with_projection(library, name), text, axes):
+        system = registered(name, zone)
+        if check_registered(name, with_projection(library, name), system, axes):
             missed.append(f"{name}: the check finds a fault in the unchanged zone")
         for key, other in changed_values(zone):
             if moved and key == "Central Latitude":
                 other |= {key: zone[key][:-5] + f"{(int(zone[key][-5:]) + 5000) % 100000:05d}"}  # 0.05 seconds, 1.5 m
             trial = copy.deepcopy(library)
             trial.zones[name] = other
-            if not check_registered(name, with_projection(trial, name), text, axes):
+            if not check_registered(name, with_projection(trial, name), system, axes):
                 missed.append(f"{name}: {key} = {other[key]} went unseen")
     trial = copy.deepcopy(library)
     trial.ellipsoids["GRS 80"]["Eccentricity"] = "0.08182"
@@ -417,6 +511,13 @@ def selftest(library):
         trial.zones[f"OWN - of {i:03d}~{i:03d} - {'x' * OWN_NAME}"] = {}
     if not check_names(trial):
         missed.append("too long names went unseen")
+    for name, datum, what in changed_roads(library):
+        trial = copy.copy(library)
+        trial.datums = library.datums | {name: datum}
+        if datum is None:
+            del trial.datums[name]
+        if not check_roads(trial):
+            missed.append(f"{what} went unseen")
     trial = copy.deepcopy(library)
     del trial.datums["NAVD 88"]["NGVD 29"]
     del trial.datums["Wyoming HPGN"]

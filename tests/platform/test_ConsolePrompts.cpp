@@ -20,17 +20,10 @@ class Console {
     Console& operator=(const Console&) = delete;
 
     ConsolePrompts Prompts() { return {answers_, view_, told_}; }
-    std::string Told() { return Content(told_); }
-    std::string Viewed() { return Content(view_); }
+    std::string Told() { return test::ContentOf(told_); }
+    std::string Viewed() { return test::ContentOf(view_); }
 
   private:
-    static std::string Content(std::FILE* stream) {
-        std::string content;
-        std::rewind(stream);
-        for (int c; (c = std::fgetc(stream)) != EOF;) content += static_cast<char>(c);
-        return content;
-    }
-
     std::FILE* answers_;
     std::FILE* view_;
     std::FILE* told_;

@@ -9,25 +9,15 @@
 #include <locale>
 #include <random>
 
-#include "platform/modFaults.hpp"
 #include "support/testSupport.hpp"
 
 namespace tarvek {
 namespace {
 
+using test::FaultOf;
+
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
-
-template <class Procedure>
-Fault FaultOf(Procedure run) {
-    try {
-        run();
-    } catch (const RuntimeFault& fault) {
-        return fault.Number();
-    }
-    ADD_FAILURE() << "no fault was raised";
-    return {};
-}
 
 struct NumericText {
     const char* text;
@@ -264,6 +254,8 @@ TEST(Numbers, FixedTextOfKnownValues) {
     EXPECT_EQ(FixedText(std::numeric_limits<double>::max(), 0).size(), 309U);
     for (const double value : {Infinity, -Infinity, NotANumber})
         EXPECT_EQ(FaultOf([&] { FixedText(value, 2); }), Fault::Overflow);
+    EXPECT_EQ(FaultOf([] { RoundedAsFixedText(Infinity, 2); }), Fault::Overflow);
+    EXPECT_EQ(FaultOf([] { RoundedAsGeneralText(NotANumber); }), Fault::Overflow);
 }
 
 TEST(Numbers, FixedTextIsAppended) {
@@ -271,6 +263,40 @@ TEST(Numbers, FixedTextIsAppended) {
     AppendFixed(text, -0.001, 2);
     AppendFixed(text, 1e300, 0);
     EXPECT_TRUE(text.starts_with("-0.00 0.00100000000")) << text;
+}
+
+std::string TwoDigitFixedText(double value, int decimals) {
+    std::string text;
+    AppendTwoDigitFixed(text, value, decimals);
+    return text;
+}
+
+TEST(Numbers, TwoDigitPatternIsAppended) {
+    std::string text = "9.5 ";
+    AppendTwoDigitFixed(text, 5.25, 2);
+    AppendTwoDigitFixed(text, 7, 0);
+    EXPECT_EQ(text, "9.5 05.2507.");
+}
+
+// The values of the rounding procedures are those of the texts, for numbers of a survey and for all others.
+TEST(Numbers, RoundedValuesAreThoseOfTheTexts) {
+    std::mt19937_64 draw(7);
+    std::uniform_real_distribution<double> mantissa(-10, 10);
+    std::uniform_int_distribution<int> exponent(-40, 40);
+    for (int i = 0; i < 200'000; ++i) {
+        const double value = mantissa(draw) * std::pow(10, exponent(draw) / 2);
+        EXPECT_EQ(RoundedAsGeneralText(value), NumberFromText(GeneralText(value))) << value;
+        const int decimals = i % 17;
+        EXPECT_EQ(RoundedAsFixedText(value, decimals), NumberFromText(FixedText(value, decimals))) << value;
+    }
+    for (const double value :
+         {0.0, -0.0, 0.5, 2.5, -2.5, 1e15, 999999999999999.5, 9.9999999999999995, 1e300, 5e-324}) {
+        EXPECT_EQ(RoundedAsGeneralText(value), NumberFromText(GeneralText(value))) << value;
+        for (const int decimals : {-1, 0, 1, 9, 15, 20})
+            EXPECT_EQ(RoundedAsFixedText(value, decimals), NumberFromText(FixedText(value, decimals)))
+                << value;
+    }
+    EXPECT_FALSE(std::signbit(RoundedAsFixedText(-0.001, 2)));
 }
 
 TEST(Numbers, TwoDigitPatternHasALeadingZeroAndAlwaysAPoint) {

@@ -8,7 +8,6 @@
 #include <filesystem>
 
 #include "environment.hpp"
-#include "platform/modFaults.hpp"
 #include "platform/modText.hpp"
 #include "support/testSupport.hpp"
 
@@ -16,6 +15,7 @@ namespace tarvek {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FaultOf;
 using test::ReadBytes;
 using test::TemporaryFolder;
 using test::Variable;
@@ -34,17 +34,6 @@ std::string OutputOf(const std::string& program, const std::vector<std::string>&
     EXPECT_EQ(end.outcome, ProcessOutcome::Done);
     EXPECT_EQ(end.exitCode, 0);
     return ReadBytes(folder.File("out.txt"));
-}
-
-template <class Procedure>
-Fault FaultOf(Procedure run) {
-    try {
-        run();
-    } catch (const RuntimeFault& fault) {
-        return fault.Number();
-    }
-    ADD_FAILURE() << "no fault was raised";
-    return {};
 }
 
 TEST(Process, RunsInItsFolderWithItsFiles) {

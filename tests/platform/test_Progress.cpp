@@ -70,13 +70,6 @@ TEST(Progress, ReadingAFileTellsItsBytes) {
     EXPECT_EQ(recorder.told, "begin Reading points.ctl\n1000 of 1000\nend\n");
 }
 
-std::string Content(std::FILE* stream) {
-    std::string content;
-    std::rewind(stream);
-    for (int c; (c = std::fgetc(stream)) != EOF;) content += static_cast<char>(c);
-    return content;
-}
-
 TEST(Progress, ShortWorkDrawsNoBar) {
     std::FILE* terminal = std::tmpfile();
     ConsoleProgress progress(terminal);
@@ -84,7 +77,7 @@ TEST(Progress, ShortWorkDrawsNoBar) {
     progress.At(1, 2);
     progress.At(2, 2);
     progress.End();
-    EXPECT_EQ(Content(terminal), "");
+    EXPECT_EQ(test::ContentOf(terminal), "");
     std::fclose(terminal);
 }
 
@@ -99,7 +92,7 @@ TEST(Progress, LongWorkDrawsABarAndClearsIt) {
     std::this_thread::sleep_for(std::chrono::milliseconds(120));
     progress.At(9, 4);
     progress.End();
-    EXPECT_EQ(Content(terminal),
+    EXPECT_EQ(test::ContentOf(terminal),
               "\rReading a^[ [#######.......................]  25 %"
               "\rReading a^[ [##############################] 100 %"
               "\r\033[K");

@@ -8,7 +8,6 @@
 #include <random>
 #include <thread>
 
-#include "platform/modFaults.hpp"
 #include "support/testSupport.hpp"
 
 namespace tarvek {
@@ -50,13 +49,7 @@ Lines SplitSlowly(std::string_view bytes) {
 }
 
 Fault FaultOfReading(const std::string& path) {
-    try {
-        TextFileIn file(path);
-    } catch (const RuntimeFault& fault) {
-        return fault.Number();
-    }
-    ADD_FAILURE() << "no fault was raised";
-    return {};
+    return test::FaultOf([&] { const TextFileIn file(path); });
 }
 
 TEST(TextFileIn, LinesMayEndInThreeWays) {
@@ -136,12 +129,8 @@ TEST(TextFileIn, EndOfFileCanBeAFault) {
     const TemporaryFolder folder;
     TextFileIn file(folder.Put("in.txt", "only"));
     EXPECT_EQ(file.RequireLine(), "only");
-    try {
-        file.RequireLine();
-        FAIL() << "no fault was raised";
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Message(), "Run-time error '62': Input past end of file");
-    }
+    EXPECT_EQ(test::FaultMessageOf([&] { file.RequireLine(); }),
+              "Run-time error '62': Input past end of file");
 }
 
 TEST(TextFileIn, NameIsLookedUpWithoutRegardToCase) {
@@ -159,12 +148,8 @@ TEST(TextFileIn, WhatCanNotBeReadIsAFault) {
 }
 
 TEST(TextFileIn, FaultOfAMissingFileNamesItAsGiven) {
-    try {
-        TextFileIn file("/nowhere\\at all.txt");
-        FAIL() << "no fault was raised";
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Message(), "Run-time error '53': File not found: '/nowhere\\at all.txt'");
-    }
+    EXPECT_EQ(test::FaultMessageOf([] { const TextFileIn file("/nowhere\\at all.txt"); }),
+              "Run-time error '53': File not found: '/nowhere\\at all.txt'");
 }
 
 // Small pieces must neither hide the byte order mark nor make a long line slow.

@@ -10,7 +10,6 @@
 #include <csignal>
 #include <filesystem>
 
-#include "platform/modFaults.hpp"
 #include "platform/modFileCalls.hpp"
 #include "platform/modPaths.hpp"
 #include "support/testSupport.hpp"
@@ -19,6 +18,8 @@ namespace tarvek {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FaultMessageOf;
+using test::FaultNumberOf;
 using test::ReadBytes;
 using test::TemporaryFolder;
 
@@ -39,17 +40,6 @@ void WriteNewBytes(const std::string& path) {
         for (std::size_t at = 0; at < bytes.size(); at += 1000)
             file.Text(std::string_view(bytes).substr(at, 1000));
     });
-}
-
-// The number of the fault that `run` raises, or 0.
-template <class Procedure>
-int FaultNumberOf(Procedure run) {
-    try {
-        run();
-    } catch (const RuntimeFault& fault) {
-        return static_cast<int>(fault.Number());
-    }
-    return 0;
 }
 
 // How `run` ends in a process of its own: the value of waitpid.
@@ -261,12 +251,7 @@ TEST(TextFileOut, FaultNamesTheTargetAndNotTheTemporaryFile) {
     const std::string path = folder.File("out.txt");
     ThePlan = {Call::Write, 1, ENOSPC};
     SetFileCalls(&FailingCalls);
-    try {
-        WriteNewBytes(path);
-        ADD_FAILURE() << "no fault was raised";
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Message(), "Run-time error '61': Disk full: '" + path + "'");
-    }
+    EXPECT_EQ(FaultMessageOf([&] { WriteNewBytes(path); }), "Run-time error '61': Disk full: '" + path + "'");
     SetFileCalls(nullptr);
 }
 

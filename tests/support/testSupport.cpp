@@ -5,9 +5,23 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 namespace tarvek::test {
 namespace fs = std::filesystem;
+
+namespace {
+
+std::optional<RuntimeFault> RaisedBy(const std::function<void()>& run) {
+    try {
+        run();
+    } catch (const RuntimeFault& fault) {
+        return fault;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
 
 Button ScriptedPrompts::Show(const Message& message) {
     told.push_back(message);
@@ -78,6 +92,50 @@ std::string ReadBytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) ADD_FAILURE() << "no file " << path;
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+FilesByName FilesUnder(const std::string& folder) {
+    FilesByName files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+        if (!entry.is_directory())
+            files[entry.path().lexically_relative(folder).string()] = ReadBytes(entry.path().string());
+    return files;
+}
+
+std::string ContentOf(std::FILE* stream) {
+    std::string content;
+    std::rewind(stream);
+    for (int c; (c = std::fgetc(stream)) != EOF;) content += static_cast<char>(c);
+    return content;
+}
+
+std::string Lines(std::initializer_list<std::string_view> lines) {
+    std::string text;
+    for (const std::string_view line : lines) text.append(line).append("\r\n");
+    return text;
+}
+
+std::string Repeated(char c, std::size_t count) {
+    std::string text;
+    text.resize(count, c);
+    return text;
+}
+
+int FaultNumberOf(const std::function<void()>& run) {
+    const std::optional<RuntimeFault> fault = RaisedBy(run);
+    return fault ? static_cast<int>(fault->Number()) : 0;
+}
+
+Fault FaultOf(const std::function<void()>& run) {
+    const std::optional<RuntimeFault> fault = RaisedBy(run);
+    if (fault) return fault->Number();
+    ADD_FAILURE() << "no fault was raised";
+    return {};
+}
+
+std::string FaultMessageOf(const std::function<void()>& run) {
+    const std::optional<RuntimeFault> fault = RaisedBy(run);
+    return fault ? fault->Message() : std::string();
 }
 
 std::string RealDataFolder() {

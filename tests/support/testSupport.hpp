@@ -1,13 +1,18 @@
 #pragma once
-// What the tests of every folder share: scripted prompts, a folder of a test's own, files in and out.
+// What the tests of every folder share: scripted prompts, a folder of a test's own, files in and out, faults.
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <deque>
+#include <functional>
+#include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/modFaults.hpp"
 #include "platform/modPrompts.hpp"
 
 namespace tarvek::test {
@@ -55,6 +60,21 @@ class TemporaryFolder {
 };
 
 std::string ReadBytes(const std::string& path);
+// Every file under a folder with its bytes, by its path from there.
+using FilesByName = std::map<std::string, std::string>;
+FilesByName FilesUnder(const std::string& folder);
+// All that a stream holds, from its beginning.
+std::string ContentOf(std::FILE* stream);
+// The lines of a file, each ended by CR LF.
+std::string Lines(std::initializer_list<std::string_view> lines);
+std::string Repeated(char c, std::size_t count);
+
+// What `run` raises: the number of the fault, 0 for none; its kind, where none fails the test; its message,
+// empty for none.
+int FaultNumberOf(const std::function<void()>& run);
+Fault FaultOf(const std::function<void()>& run);
+std::string FaultMessageOf(const std::function<void()>& run);
+
 // The folder of real survey data beside the project, or empty where there is none.
 std::string RealDataFolder();
 

@@ -17,13 +17,6 @@
 
 namespace tarvek::test {
 
-// The lines of a file, each ended by CR LF.
-inline std::string Lines(std::initializer_list<std::string_view> lines) {
-    std::string text;
-    for (const std::string_view line : lines) text.append(line).append("\r\n");
-    return text;
-}
-
 // The radians of degrees, minutes and seconds, by the textbook.
 inline double RadiansOf(double degrees, double minutes, double seconds) {
     return (degrees + minutes / 60 + seconds / 3600) * std::numbers::pi / 180;

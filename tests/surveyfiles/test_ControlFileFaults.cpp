@@ -5,33 +5,19 @@
 #include <cerrno>
 #include <limits>
 
+#include "brokenFiles.hpp"
 #include "platform/modFileCalls.hpp"
-#include "surveyTest.hpp"
 
 namespace tarvek {
 namespace {
 
 using test::ExpectNothingTold;
 using test::ExpectToldOnly;
+using test::FaultOf;
 using test::Lines;
 
-class ControlFileFaults : public test::SurveyTest {
+class ControlFileFaults : public test::BrokenFilesTest {
   protected:
-    static void FillInput(const std::string& name) {
-        Tables().InputHeader.PR = "PR:before";
-        PointRecord point;
-        point.PN = name;
-        Tables().InputPoints.Append(point);
-        Tables().InputChains.Append(test::ChainNamed("before"));
-    }
-
-    static void ExpectInputAsBefore(const std::string& name) {
-        EXPECT_EQ(Tables().InputHeader.PR, "PR:before");
-        ASSERT_EQ(Tables().InputPoints.size(), 1U);
-        EXPECT_EQ(Tables().InputPoints[0].PN, name);
-        EXPECT_EQ(Tables().InputChains.size(), 1U);
-    }
-
     // Appends a point to an output that is in meters, as the point is.
     static void AddPoint(const std::string& name, double northing) {
         PointRecord point;
@@ -46,12 +32,7 @@ class ControlFileFaults : public test::SurveyTest {
     }
 
     void ExpectWriteFault(Fault fault) {
-        try {
-            WriteControlFile(folder.File("output.ctl"));
-            ADD_FAILURE() << "no fault";
-        } catch (const RuntimeFault& raised) {
-            EXPECT_EQ(raised.Number(), fault) << raised.Text();
-        }
+        EXPECT_EQ(FaultOf([&] { WriteControlFile(folder.File("output.ctl")); }), fault);
     }
 };
 
@@ -74,12 +55,7 @@ TEST_F(ControlFileFaults, LeaveTheTablesUntouched) {
         Tables() = {};
         FillInput("BEFORE");
         const std::string path = folder.Put("input.ctl", Lines({"PR:new", "AC:PR", "AC:OS", row.line}));
-        try {
-            ReadControlFile(path);
-            ADD_FAILURE() << "no fault";
-        } catch (const RuntimeFault& fault) {
-            EXPECT_EQ(fault.Number(), row.fault);
-        }
+        EXPECT_EQ(FaultOf([&] { ReadControlFile(path); }), row.fault);
         ExpectInputAsBefore("BEFORE");
         ExpectNothingTold(prompts);
     }
@@ -94,93 +70,14 @@ TEST_F(ControlFileFaults, DoNotComeFromTheLargestSingle) {
 
 // Broken files
 
-struct BrokenFile {
-    const char* name;
-    std::string bytes;
-    std::string told;  // without caption and path; empty where the file is read
-    std::string pn;    // what the first point holds
-    std::string kept;  // header lines or other lines of the first point
-    std::size_t points = 1;
-};
-
-std::string EveryByte() {
-    std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
-    return bytes;
-}
-
-// The lines of EveryByte(), cut at its LF (10) and CR (13), as they are kept.
-std::string EveryByteKept() {
-    const std::string bytes = EveryByte();
-    return bytes.substr(0, 10) + "\r\n" + bytes.substr(11, 2) + "\r\n" + bytes.substr(14);
-}
-
-std::string FieldFault(const std::string& path, int line, const std::string& reason) {
-    return "Invalid Tarvek Points and Chains File: '" + path + "'\nError on Line: " + std::to_string(line) +
-           "\n" + reason;
-}
-
-std::string BlankLine(const std::string& path, int line) {
-    return "Invalid Tarvek Control File '" + path + "'.\nError on line " + std::to_string(line) +
-           ".\nAn Tarvek Control File can not contain blank lines.";
-}
-
-std::vector<BrokenFile> BrokenFiles(const std::string& path) {
-    const std::string nul(1, '\0');
-    return {
-        {"empty", "", "", "", ""},
-        {"blanks alone", "     ", BlankLine(path, 1), "", ""},
-        {"a line end alone", "\r\n", BlankLine(path, 1), "", ""},
-        {"no line end", "PN:A", "", "A", ""},
-        {"CR alone", "AC:PR\rAC:OS\rPN:A\rCM:x\r", "", "A", "CM:x"},
-        {"LF alone", "AC:PR\nAC:OS\nPN:A\nCM:x\n", "", "A", "CM:x"},
-        {"LF CR", "PN:A\n\rCM:x", BlankLine(path, 2), "", ""},
-        {"byte order mark", "\xEF\xBB\xBFPN:A\r\n", "", "A", ""},
-        {"byte order mark alone", "\xEF\xBB\xBF", "", "", ""},
-        {"UTF-16", "\xFF\xFE" + std::string("P\0N\0:\0A\0", 8), "", "",
-         "\xFF\xFE" + std::string("P\0N\0:\0A\0", 8)},
-        {"NUL alone", nul, "", "", nul},
-        {"NUL in a name", "PN:" + nul + "A" + nul, "", nul + "A" + nul, ""},
-        {"NUL in a tag", "P" + nul + "N:A", "", "", "P" + nul + "N:A"},
-        {"NUL behind a number", "YC:1" + nul, FieldFault(path, 1, "Northing Coordinate must be numeric."), "",
-         ""},
-        {"every byte", EveryByte(), "", "", EveryByteKept()},
-        {"a long line", "CM:" + std::string(50'000'000, 'x'), "", "", "CM:" + std::string(50'000'000, 'x')},
-        {"a long number", "PN:A\r\nYC:" + std::string(50'000'000, '1'),
-         FieldFault(path, 2, "Northing Coordinate must be numeric."), "", ""},
-        {"a long name", "PN:" + std::string(50'000'000, 'A'),
-         FieldFault(path, 1, "Point Name can not exceeed 8 characters."), "", ""},
-        {"1e400", "ZC:1e400", FieldFault(path, 1, "Elevation Coordinate must be numeric."), "", ""},
-        {"nan", "XC:nan", FieldFault(path, 1, "Easting Coordinate must be numeric."), "", ""},
-        {"inf", "SF:inf", FieldFault(path, 1, "Scale Factor must be numeric."), "", ""},
-        {"many records", Lines({"AC:A", "AC:B", "AC:C"}), "", "", "", 4},
-    };
-}
-
 TEST_F(ControlFileFaults, AreToldForBrokenFilesAndNothingElseHappens) {
-    const std::string path = folder.File("input.ctl");
-    for (const BrokenFile& file : BrokenFiles(path)) {
-        SCOPED_TRACE(file.name);
-        Tables() = {};
-        FillInput("BEFORE");
-        prompts.told.clear();
-        folder.Put("input.ctl", file.bytes);
-        EXPECT_EQ(ReadControlFile(path), file.told.empty());
-        EXPECT_TRUE(test::ReadBytes(path) == file.bytes);
-        EXPECT_EQ(folder.Names(), std::vector<std::string>{"input.ctl"});
-        if (!file.told.empty()) {
-            ASSERT_EQ(prompts.told.size(), 1U);
-            EXPECT_EQ(prompts.told[0].text, file.told);
-            EXPECT_EQ(prompts.told[0].icon, Icon::Exclamation);
-            ExpectInputAsBefore("BEFORE");
-            continue;
-        }
-        ExpectNothingTold(prompts);
-        ASSERT_EQ(Tables().InputPoints.size(), file.points);
-        EXPECT_TRUE(Tables().InputPoints[0].PN == file.pn);
-        EXPECT_TRUE(Tables().InputPoints[0].Others == file.kept);
-        EXPECT_EQ(Tables().InputHeader.HeaderLines, "");
-    }
+    ExpectBrokenFilesTold({.read = ReadControlFile,
+                           .lineFault = "Invalid Tarvek Control File",
+                           .blankLine = "An Tarvek Control File can not contain blank lines.",
+                           .fieldFault = "Invalid Tarvek Points and Chains File",
+                           .easting = "XC:",
+                           .northing = "YC:",
+                           .elevation = "ZC:"});
 }
 
 // Half-written outputs
@@ -286,23 +183,13 @@ TEST_F(ControlFileFaults, AreNoneWhereADiskIsOnlySlow) {
 
 TEST_F(ControlFileFaults, TellAPathThatCanNotBeWritten) {
     AddPoint("A", 1);
-    try {
-        WriteControlFile(folder.File("none/output.ctl"));
-        ADD_FAILURE() << "no fault";
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Number(), Fault::PathNotFound);
-    }
+    EXPECT_EQ(FaultOf([&] { WriteControlFile(folder.File("none/output.ctl")); }), Fault::PathNotFound);
     EXPECT_TRUE(folder.Names().empty());
 }
 
 TEST_F(ControlFileFaults, LeaveAFolderAtThePathAlone) {
     AddPoint("A", 1);
-    try {
-        WriteControlFile(folder.Path());
-        ADD_FAILURE() << "no fault";
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Number(), Fault::FileAccessError);
-    }
+    EXPECT_EQ(FaultOf([&] { WriteControlFile(folder.Path()); }), Fault::FileAccessError);
     EXPECT_TRUE(folder.Names().empty());
 }
 

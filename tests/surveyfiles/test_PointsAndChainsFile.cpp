@@ -1,21 +1,11 @@
-#include <cstdlib>
-
 #include "platform/modText.hpp"
-#include "support/testSupport.hpp"
-#include "surveyfiles/modSurveyRecords.hpp"
-#include "surveyfiles/modTarvekFiles.hpp"
+#include "surveyTest.hpp"
 
 namespace tarvek::test {
 namespace {
 
-class PointsAndChainsFile : public ::testing::Test {
+class PointsAndChainsFile : public SurveyTest {
   protected:
-    PointsAndChainsFile() {
-        ::setenv("SOURCE_DATE_EPOCH", "1770000000", 1);  // 2026-02-02 02:40:00 UTC
-        Tables() = {};
-    }
-    ~PointsAndChainsFile() override { ::unsetenv("SOURCE_DATE_EPOCH"); }
-
     bool Read(const std::string& lines) {
         return ReadPointsAndChainsFile(folder.Put("in.pac", ReplaceAll(lines, "\n", "\r\n")));
     }
@@ -25,8 +15,6 @@ class PointsAndChainsFile : public ::testing::Test {
         return ReplaceAll(ReadBytes(folder.File("out.pac")), "\r\n", "\n");
     }
 
-    TemporaryFolder folder;
-    ScriptedPrompts prompts;
     SurveyTables& tables = Tables();
 };
 

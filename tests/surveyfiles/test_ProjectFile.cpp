@@ -1,21 +1,11 @@
-#include <cstdlib>
-
 #include "platform/modText.hpp"
-#include "support/testSupport.hpp"
-#include "surveyfiles/modSurveyRecords.hpp"
-#include "surveyfiles/modTarvekFiles.hpp"
+#include "surveyTest.hpp"
 
 namespace tarvek::test {
 namespace {
 
-class ProjectFile : public ::testing::Test {
+class ProjectFile : public SurveyTest {
   protected:
-    ProjectFile() {
-        ::setenv("SOURCE_DATE_EPOCH", "1770000000", 1);  // 2026-02-02 02:40:00 UTC
-        Tables() = {};
-    }
-    ~ProjectFile() override { ::unsetenv("SOURCE_DATE_EPOCH"); }
-
     bool Read(const std::string& lines) {
         return ReadProjectFile(folder.Put("in.prj", ReplaceAll(lines, "\n", "\r\n")));
     }
@@ -24,8 +14,6 @@ class ProjectFile : public ::testing::Test {
         return ReplaceAll(ReadBytes(folder.File("out.prj")), "\r\n", "\n");
     }
 
-    TemporaryFolder folder;
-    ScriptedPrompts prompts;
     SurveyTables& tables = Tables();
 };
 
@@ -65,11 +53,17 @@ TEST_F(ProjectFile, GeographicPointChoosesEachTagByItsOwnFlag) {
     tables.OutputPoints.Append(point);
     point.HorizontalControl = false;
     point.VerticalControl = true;
+    tables.OutputPoints.Append(point);
     point.Z = 1.5;
+    tables.OutputPoints.Append(point);
+    point.HorizontalControl = true;
+    point.VerticalControl = false;
     tables.OutputPoints.Append(point);
     EXPECT_EQ(Written(), Head +
                              "AC:\nPN:\nYC:-99999\nXC:-99999\nZZ:-99999\nGM:P\n"
-                             "AC:\nPN:\nYY:-99999\nXX:-99999\nZC:1.5000\nGM:P\n");
+                             "AC:\nPN:\nYY:-99999\nXX:-99999\nZC:-99999\nGM:P\n"
+                             "AC:\nPN:\nYY:-99999\nXX:-99999\nZC:1.5000\nGM:P\n"
+                             "AC:\nPN:\nYC:-99999\nXC:-99999\nZZ:1.5000\nGM:P\n");
 }
 
 TEST_F(ProjectFile, GeographicSetPrintsItsPositionsWhateverTheOptionsSay) {
@@ -98,10 +92,21 @@ TEST_F(ProjectFile, BlankLineIsRefusedInTheWordsOfTheOtherFamily) {
 
 TEST_F(ProjectFile, FieldFaultsBearTheFamilysNameButForControlElevations) {
     const std::tuple<const char*, const char*, const char*> faults[] = {
+        {"PN:123456789", "Point Name can not exceeed 8 characters.", "Invalid Tarvek File"},
         {"XX:A", "Easting Coordinate must be numeric.", "Invalid Tarvek File"},
+        {"XC:A", "Easting Coordinate must be numeric.", "Invalid Tarvek File"},
+        {"YY:A", "Northing Coordinate must be numeric.", "Invalid Tarvek File"},
         {"YC:A", "Northing Coordinate must be numeric.", "Invalid Tarvek File"},
         {"ZZ:A", "Elevation Coordinate must be numeric.", "Invalid Tarvek File"},
         {"ZC:A", "Elevation Coordinate must be numeric.", "Invalid File"},
+        {"SX:A", "Easting Error Estimate must be numeric.", "Invalid Tarvek File"},
+        {"SY:A", "Northing Error Estimate must be numeric.", "Invalid Tarvek File"},
+        {"SZ:A", "Elevation Error Estimate must be numeric.", "Invalid Tarvek File"},
+        {"LT:A", "Latitude must be numeric.", "Invalid Tarvek File"},
+        {"LG:A", "Longitude must be numeric.", "Invalid Tarvek File"},
+        {"HE:A", "Ellipsoid Height must be numeric.", "Invalid Tarvek File"},
+        {"HG:A", "Geoid Height must be numeric.", "Invalid Tarvek File"},
+        {"SF:A", "Scale Factor must be numeric.", "Invalid Tarvek File"},
         {"CA:A", "Convergance Angle must be numeric.", "Invalid Tarvek File"},
     };
     for (const auto& [line, reason, caption] : faults) {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/testSupport.hpp"
 #include "surveyfiles/modSharedList.hpp"
 
 namespace tarvek {
@@ -125,13 +126,8 @@ TEST(SharedList, LetsTwoCopiesGrowApart) {
 TEST(SharedList, CopyAllocatedCopiesAList) { ExpectNumbered(CopyAllocated(NumberedList(4)), 4); }
 
 TEST(SharedList, CopyAllocatedFaultsOnAListThatNobodyFilled) {
-    try {
-        CopyAllocated(List());
-        FAIL() << "no fault";
-    } catch (const RuntimeFault& fault) {
-        EXPECT_EQ(fault.Number(), Fault::SubscriptOutOfRange);
-        EXPECT_EQ(fault.Message(), "Run-time error '9': Subscript out of range");
-    }
+    EXPECT_EQ(test::FaultMessageOf([] { CopyAllocated(List()); }),
+              "Run-time error '9': Subscript out of range");
 }
 
 }  // namespace

@@ -11,12 +11,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
 #include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/modFaults.hpp"
 #include "platform/modFileCalls.hpp"
 #include "support/testSupport.hpp"
 #include "texttools/modTagMath.hpp"
@@ -26,28 +26,7 @@ namespace {
 
 constexpr const char* InvalidCommand = "Invalid Search and Replace Command";
 
-template <class Call>
-int FaultNumberOf(Call call) {
-    try {
-        call();
-    } catch (const RuntimeFault& fault) {
-        return static_cast<int>(fault.Number());
-    }
-    return 0;
-}
-
-std::string Repeated(char c, std::size_t count) {
-    std::string text;
-    text.resize(count, c);
-    return text;
-}
-
-// The lines with CR LF behind each.
-std::string Lines(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) text += line + "\r\n";
-    return text;
-}
+using GivenLines = std::initializer_list<std::string_view>;
 
 class SearchReplace : public ::testing::Test {
   protected:
@@ -72,8 +51,7 @@ class SearchReplace : public ::testing::Test {
         return ReadBytes(Output());
     }
 
-    void ExpectOutput(const std::vector<std::string>& input, const std::vector<std::string>& commands,
-                      const std::vector<std::string>& output) {
+    void ExpectOutput(GivenLines input, GivenLines commands, GivenLines output) {
         EXPECT_EQ(OutputOf(Lines(input), Lines(commands)), Lines(output)) << Lines(commands);
     }
 
@@ -899,7 +877,7 @@ TEST_F(SearchReplace, ALongFileAgreesWithAPlainEngine) {
 // The files that come with the program.
 TEST_F(SearchReplace, TheFilesOfAnInstallationDoWhatTheirNamesSay) {
     const std::string folder = std::string(TARVEK_SOURCE) + "/data/TRNFiles/";
-    const auto outputOf = [&](const char* file, const std::vector<std::string>& lines) {
+    const auto outputOf = [&](const char* file, GivenLines lines) {
         return OutputOf(Lines(lines), ReadBytes(folder + file));
     };
     EXPECT_EQ(outputOf("RenumberBy1000.TRN", {"PN:12", "BS:A7", "OS:13", "XC:12"}),

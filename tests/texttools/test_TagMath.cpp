@@ -13,28 +13,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/modFaults.hpp"
 #include "platform/modNumbers.hpp"
 #include "support/testSupport.hpp"
 
 namespace tarvek::test {
 namespace {
-
-template <class Call>
-int FaultNumberOf(Call call) {
-    try {
-        call();
-    } catch (const RuntimeFault& fault) {
-        return static_cast<int>(fault.Number());
-    }
-    return 0;
-}
-
-std::string Repeated(char c, std::size_t count) {
-    std::string text;
-    text.resize(count, c);
-    return text;
-}
 
 struct Row {
     const char* value;

@@ -1,0 +1,12 @@
+AC:PR
+CS:GCS
+UL:M
+VR:Tarvek Translator {version}
+DT:02/02/2026
+AC:OS
+PN:QA0001
+YC:-99999.0000
+XC:-99999.0000
+ZC:-99999.0000
+NM:ONE
+CM:Retrieval Date = MARCH  9, 2010

@@ -1,0 +1,13 @@
+// Any bytes as a points-and-chains file.
+
+#include "fuzz/fuzzSurveyFiles.hpp"
+#include "surveyfiles/modTarvekFiles.hpp"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace tarvek;
+    static const fuzz::OutputFolder folder;
+    fuzz::RunSurveyFile(
+        fuzz::TextOf(data, size), folder.FreshFile("output.pac"),
+        {.read = ReadPointsAndChainsFile, .write = WritePointsAndChainsFile, .keepsKinds = true});
+    return 0;
+}
