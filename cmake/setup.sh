@@ -5,7 +5,7 @@
 # What a build needs, and what the tests need beside it, as Debian packages.
 # shellcheck disable=SC2034  # used by the scripts that source this file
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
-TEST_PACKAGES=(libgtest-dev python3 proj-bin proj-data)
+TEST_PACKAGES=(libgtest-dev python3 proj-bin proj-data libproj-dev libgeographiclib-dev)
 
 say() { printf '%s\n' "$*" >&2; }
 die() {
@@ -26,6 +26,8 @@ package_present() {
         libcli11-dev) header_exists CLI/CLI.hpp ;;
         nlohmann-json3-dev) header_exists nlohmann/json.hpp ;;
         libgtest-dev) header_exists gtest/gtest.h ;;
+        libproj-dev) header_exists proj.h ;;
+        libgeographiclib-dev) header_exists GeographicLib/Config.h ;;
         lib*) dpkg-query -W -f '${Status}' "$1" 2>/dev/null | grep -q '^install ok installed$' ;;
         *) command -v "$1" ;;
     esac >/dev/null 2>&1
