@@ -3,16 +3,13 @@
 // of USGS Professional Paper 1395 (Snyder, 1987), page 107. They are the legal coordinates of 1927; nothing
 // in them is to be refined:
 //
-// - Against the projection itself they are off by up to 0.03 feet (9 mm) within the states, and by 0.8 feet
-// (240 mm)
-//   in Louisiana's offshore zone, whose points lie far from the parallels: the series in the meridian arc
-//   ends at s^5.
+// - Against the projection itself they are off by up to 0.03 feet (9 mm) within the states, and by 0.77 feet
+//   (234 mm) in the far corners of Louisiana's offshore zone: the series in the meridian arc ends at s^5, and
+//   its coefficient of s^4 is that of a sphere.
 // - Clarke 1866 stands in the arc and the scale, whatever ellipsoid a zone names; only the zone constants
-// follow the
-//   zone's own.
+//   follow the zone's own.
 // - The inverse finds the arc by three substitutions, with no test; 100 miles from the central parallel that
-// is below
-//   0.01 mm.
+//   is below 0.01 mm.
 // - No false northing.
 
 #include "coordmath/modNAD27Lambert.hpp"

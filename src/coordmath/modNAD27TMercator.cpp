@@ -2,15 +2,12 @@
 // transverse Mercator equations. They are the legal coordinates of 1927; nothing in them is to be refined:
 //
 // - Against the projection itself the northing is off by up to 0.55 feet (170 mm) at the far edges of the
-// widest
-//   zones, because the series for the foot latitude has one term.
+//   widest zones, because the series for the foot latitude has one term.
 // - The forward equations turn meters to feet by 3.28083333, and not by 3.2808333333333333: the easting is
-// short by
-//   0.0005 feet (0.15 mm) 500,000 feet from the central meridian. The inverse turns feet to meters by
-//   0.3048006099, not 0.3048006096012192: the same distance comes out 0.15 mm longer.
+//   short by 0.0005 feet (0.15 mm) 500,000 feet from the central meridian. The inverse turns feet to meters
+//   by 0.3048006099, not 0.3048006096012192: the same distance comes out 0.15 mm longer.
 // - Clarke 1866 stands in the constants, whatever ellipsoid a zone names; only the cubic term of the easting,
-// through
-//   G, follows the zone's own.
+//   through G, follows the zone's own.
 // - No false northing.
 // - The inverse works out convergence and scale at the position found, by a foot latitude of its own.
 

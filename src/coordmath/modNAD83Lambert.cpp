@@ -3,14 +3,11 @@
 // is to be known of it before anything is changed:
 //
 // - Nothing differs by more than rounding, below 0.0001 mm. Powers, quotients and logarithms keep their
-// order, so that
-//   the last digits stay.
+//   order, so that the last digits stay.
 // - The latitude of an inverse takes three Newton steps from the sphere's latitude, always three and with no
-// test;
-//   what is left after them is rounding.
+//   test; what is left after them is rounding.
 // - The mapping radius is computed at both parallels, compared as 32-bit floats, which see half a meter, and
-// kept
-//   from the first.
+//   kept from the first.
 
 #include "coordmath/modNAD83Lambert.hpp"
 

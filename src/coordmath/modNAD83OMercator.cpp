@@ -2,11 +2,9 @@
 // of Alaska zone 1. What differs from them, on purpose:
 //
 // - The coefficients of the latitude series are made from e, for any ellipsoid, and end at e^8. What is cut
-// off
-//   moves the latitude by less than 0.001 mm.
+//   off moves the latitude of an inverse by 0.001 mm.
 // - The hyperbolic functions and the arc sine are those of modMath, made of exp, log, sqrt and atan: less
-// than
-//   0.001 mm.
+//   than 0.001 mm.
 // - The inverse takes convergence and scale from a forward computation at the position it found, so both ways
 //   give the same bits there.
 

@@ -3,12 +3,11 @@
 // them, and is to stay so, since coordinates that were computed before must come out again:
 //
 // - B6 of the inverse begins with 5 + 28 t^2 + 24 t^4, the numerator of B5, in place of 61 + 90 t^2 + 45 t^4.
-// The
-//   latitude of an inverse is off by up to 0.3 mm in state plane zones, by 3.2 mm at latitude 45 degrees and
-//   3 degrees from the central meridian, by 3.6 mm at worst in a UTM zone. Nothing else is touched by it.
+//   The latitude of an inverse is off by up to 0.3 mm 2 degrees from the central meridian, as far as most
+//   state plane zones reach, by 3.2 mm at latitude 45 degrees and 3 degrees from it, by 3.6 mm at worst at
+//   the edges of a UTM zone (docs/accuracy.md has the few zones that reach farther). Nothing else is touched.
 // - The rectifying radius ends with 255 n^4 / 64 where the series has 225 n^4 / 64: 4 parts in 10^12 of the
-// meridian
-//   distance, 0.04 mm over a quadrant. Forward and inverse share it.
+//   meridian distance, 0.04 mm over a quadrant. Forward and inverse share it.
 
 #include "coordmath/modNAD83TMercator.hpp"
 

@@ -108,6 +108,7 @@ bool ConvertInputToOutput(const CoordSystemRef& named) {
     tables.CoordinatesConverted = true;
     tables.OutputHeader = tables.InputHeader;
     tables.OutputHeader.System = tables.Options.OutputSystem;
+    AddGeoidLine(tables.OutputHeader, tables.Options);
     tables.OutputPoints = tables.ConversionPoints;
     tables.OutputChains = tables.InputChains;
     return true;
