@@ -37,6 +37,19 @@ BARS = {
     "points and chains / control, time a byte": (None, 1.2),
     "every list of a dialog, 400 zones, ms": (None, 20),
     "one-point -t / cs2cs (wall)": (0.5, 1.0),
+    "transverse Mercator forward / PROJ": (0.40, 0.5),
+    "transverse Mercator inverse / PROJ": (0.60, 0.8),
+    "transverse Mercator forward / GeographicLib": (None, 0.3),
+    "transverse Mercator inverse / GeographicLib": (None, 0.35),
+    "Lambert forward / PROJ": (0.55, 0.7),
+    "Lambert inverse / PROJ": (0.75, 0.95),
+    "Lambert forward / GeographicLib": (None, 0.4),
+    "Lambert inverse / GeographicLib": (None, 0.6),
+    "oblique Mercator forward / PROJ": (0.85, 1.0),
+    "oblique Mercator inverse / PROJ": (0.90, 1.0),
+    "packed angle read, ns": (None, 150),
+    "packed angle printed, ns": (None, 220),
+    "dispatch loop above the bare projection, ns a point": (None, 30),
 }
 
 TEN_RULES = ["FE:OAK FE:TREE", "CL:OLD CL:NEW", "CM:SEEN", "GR:7 GR:8", "XC:+100", "YC:+200.5",
@@ -165,6 +178,20 @@ class Bench:
         printed = subprocess.run([BIN / "bench_lists"], env=self.env, capture_output=True, text=True, check=True).stdout
         return [float(figure) for figure in printed.split()]
 
+    def kernels(self):
+        """Nanoseconds a point of the arithmetic alone, by what is computed and by whom."""
+        printed = subprocess.run(
+            [BIN / "bench_kernels", "--benchmark_repetitions=5", "--benchmark_enable_random_interleaving=true",
+             "--benchmark_report_aggregates_only=true", "--benchmark_format=json"],
+            capture_output=True, text=True, check=True,
+        ).stdout
+        medians = [run for run in json.loads(printed)["benchmarks"] if run["aggregate_name"] == "median"]
+        times = {}
+        for figures in medians:
+            what, _, who = figures["run_name"].rpartition("/")
+            times.setdefault(what, {})[who] = 1e9 / figures["items_per_second"]
+        return times
+
     def time_a_byte(self, name, file):
         return self.median(name, 0) / (self.folder / file).stat().st_size
 
@@ -193,6 +220,12 @@ class Bench:
         filling, reading = self.lists()
         rows["every list of a dialog, 400 zones, ms"] = filling
         rows["every list of a dialog / reading the files"] = filling / reading
+        for what, times in self.kernels().items():
+            for who, time_of in times.items():
+                if who == "ns":
+                    rows[f"{what}, ns"] = time_of
+                elif who != "ours":
+                    rows[f"{what} / {who}"] = times["ours"] / time_of
         if "cs2cs" in self.results:
             rows["one-point -t / cs2cs (wall)"] = self.median("convert 1", 1) / self.median("cs2cs", 1)
         return rows

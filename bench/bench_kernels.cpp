@@ -201,45 +201,45 @@ void RegisterAll() {
     static const GeographicLib::TransverseMercator transverse(A, 1 / 298.257222101, 0.9996);
     static const GeographicLib::LambertConformalConic conic(A, 1 / 298.257222101, 43, 40, 1);
 
-    RegisterBenchmark("transverse Mercator/forward/ours", [](State& state) {
+    RegisterBenchmark("transverse Mercator forward/ours", [](State& state) {
         OursForward(state, TransverseMercatorArea, TransverseMercatorZone(), TMercator83Plane);
     });
-    RegisterBenchmark("transverse Mercator/forward/PROJ",
+    RegisterBenchmark("transverse Mercator forward/PROJ",
                       [](State& state) { Proj(state, TransverseMercatorArea, PJ_FWD); });
-    RegisterBenchmark("transverse Mercator/forward/GeographicLib", [](State& state) {
+    RegisterBenchmark("transverse Mercator forward/GeographicLib", [](State& state) {
         GeographicLibForward(state, TransverseMercatorArea, transverse, -99);
     });
-    RegisterBenchmark("transverse Mercator/inverse/ours", [](State& state) {
+    RegisterBenchmark("transverse Mercator inverse/ours", [](State& state) {
         OursInverse(state, TransverseMercatorArea, TransverseMercatorZone(), TMercator83Plane,
                     TMercator83Geographic);
     });
-    RegisterBenchmark("transverse Mercator/inverse/PROJ",
+    RegisterBenchmark("transverse Mercator inverse/PROJ",
                       [](State& state) { Proj(state, TransverseMercatorArea, PJ_INV); });
-    RegisterBenchmark("transverse Mercator/inverse/GeographicLib", [](State& state) {
+    RegisterBenchmark("transverse Mercator inverse/GeographicLib", [](State& state) {
         GeographicLibInverse(state, TransverseMercatorArea, transverse, -99);
     });
-    RegisterBenchmark("Lambert/forward/ours",
+    RegisterBenchmark("Lambert forward/ours",
                       [](State& state) { OursForward(state, LambertArea, LambertZone(), Lambert83Plane); });
-    RegisterBenchmark("Lambert/forward/PROJ", [](State& state) { Proj(state, LambertArea, PJ_FWD); });
-    RegisterBenchmark("Lambert/forward/GeographicLib",
+    RegisterBenchmark("Lambert forward/PROJ", [](State& state) { Proj(state, LambertArea, PJ_FWD); });
+    RegisterBenchmark("Lambert forward/GeographicLib",
                       [](State& state) { GeographicLibForward(state, LambertArea, conic, -100); });
-    RegisterBenchmark("Lambert/inverse/ours", [](State& state) {
+    RegisterBenchmark("Lambert inverse/ours", [](State& state) {
         OursInverse(state, LambertArea, LambertZone(), Lambert83Plane, Lambert83Geographic);
     });
-    RegisterBenchmark("Lambert/inverse/PROJ", [](State& state) { Proj(state, LambertArea, PJ_INV); });
-    RegisterBenchmark("Lambert/inverse/GeographicLib",
+    RegisterBenchmark("Lambert inverse/PROJ", [](State& state) { Proj(state, LambertArea, PJ_INV); });
+    RegisterBenchmark("Lambert inverse/GeographicLib",
                       [](State& state) { GeographicLibInverse(state, LambertArea, conic, -100); });
-    RegisterBenchmark("oblique Mercator/forward/ours",
+    RegisterBenchmark("oblique Mercator forward/ours",
                       [](State& state) { OursForward(state, ObliqueArea, ObliqueZone(), OMercator83Plane); });
-    RegisterBenchmark("oblique Mercator/forward/PROJ",
+    RegisterBenchmark("oblique Mercator forward/PROJ",
                       [](State& state) { Proj(state, ObliqueArea, PJ_FWD); });
-    RegisterBenchmark("oblique Mercator/inverse/ours", [](State& state) {
+    RegisterBenchmark("oblique Mercator inverse/ours", [](State& state) {
         OursInverse(state, ObliqueArea, ObliqueZone(), OMercator83Plane, OMercator83Geographic);
     });
-    RegisterBenchmark("oblique Mercator/inverse/PROJ",
+    RegisterBenchmark("oblique Mercator inverse/PROJ",
                       [](State& state) { Proj(state, ObliqueArea, PJ_INV); });
-    RegisterBenchmark("packed angle/read", PackedAngleRead);
-    RegisterBenchmark("packed angle/printed", PackedAnglePrinted);
+    RegisterBenchmark("packed angle read/ns", PackedAngleRead);
+    RegisterBenchmark("packed angle printed/ns", PackedAnglePrinted);
 }
 
 }  // namespace

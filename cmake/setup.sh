@@ -5,7 +5,7 @@
 # What a build needs, and what the tests need beside it, as Debian packages.
 # shellcheck disable=SC2034  # used by the scripts that source this file
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
-TEST_PACKAGES=(libgtest-dev python3 proj-bin proj-data libproj-dev libgeographiclib-dev)
+TEST_PACKAGES=(libgtest-dev python3 proj-bin proj-data libproj-dev libgeographiclib-dev libbenchmark-dev)
 
 say() { printf '%s\n' "$*" >&2; }
 die() {
@@ -27,6 +27,7 @@ package_present() {
         nlohmann-json3-dev) header_exists nlohmann/json.hpp ;;
         libgtest-dev) header_exists gtest/gtest.h ;;
         libproj-dev) header_exists proj.h ;;
+        libbenchmark-dev) header_exists benchmark/benchmark.h ;;
         libgeographiclib-dev) header_exists GeographicLib/Config.h ;;
         lib*) dpkg-query -W -f '${Status}' "$1" 2>/dev/null | grep -q '^install ok installed$' ;;
         *) command -v "$1" ;;
