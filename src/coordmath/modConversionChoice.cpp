@@ -1,5 +1,8 @@
 #include "coordmath/modConversionChoice.hpp"
 
+#include <algorithm>
+#include <iterator>
+
 #include "library/modLibraryNames.hpp"
 #include "platform/modPrompts.hpp"
 
@@ -48,15 +51,17 @@ constexpr Requirement Requirements[] = {
      "You must specfiy the Geoid Model to use in order to Compute Geoid Heights.", "Geoid Model Required"},
 };
 
+bool IsMet(const Requirement& requirement, const Options& options) {
+    if (!requirement.isLacking(options)) return true;
+    TellFault(requirement.text, requirement.caption);
+    return false;
+}
+
 }  // namespace
 
 bool CheckConversionChoice(const ConversionOptions& options) {
-    for (const Requirement& requirement : Requirements) {
-        if (!requirement.isLacking(options)) continue;
-        TellFault(requirement.text, requirement.caption);
-        return false;
-    }
-    return true;
+    return std::all_of(std::begin(Requirements), std::end(Requirements),
+                       [&](const Requirement& requirement) { return IsMet(requirement, options); });
 }
 
 }  // namespace tarvek

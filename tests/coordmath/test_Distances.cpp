@@ -7,6 +7,7 @@
 #include <string>
 
 #include "coordmath/modDistances.hpp"
+#include "support/testSupport.hpp"
 
 namespace tarvek::test {
 namespace {
@@ -98,11 +99,70 @@ TEST(Distances, AnUnknownUnitToConvertToGivesNoValue) {
         }
 }
 
+TEST(Distances, LettersAndLongNamesStandForEachOther) {
+    for (const UnitNames& unit : AllUnits) {
+        EXPECT_EQ(Distances_GET_UnitName(unit.letter[0]), unit.name);
+        EXPECT_EQ(Distances_GET_UnitLetter(unit.name), unit.letter);
+        EXPECT_EQ(Distances_GET_UnitLetter(unit.letter), "");
+    }
+    for (const char letter : {'m', 'X', ' ', '\0'}) EXPECT_EQ(Distances_GET_UnitName(letter), "");
+    for (const char* name : {"", "meters", "Chains", "DDD.MMSSssss"})
+        EXPECT_EQ(Distances_GET_UnitLetter(name), "") << name;
+}
+
 TEST(Distances, TheSameTextTwiceLeavesTheValueWhateverItSays) {
     EXPECT_EQ(Distances_GET_Convert(10, "Chains", "Chains"), 10);
     EXPECT_EQ(Distances_GET_Convert(10, "", ""), 10);
     const double infinite = std::numeric_limits<double>::infinity();
     EXPECT_EQ(Distances_GET_Convert(infinite, "M", "M"), infinite);
+}
+
+// ---- Many values ----
+
+TEST(DistanceConversion, IsTheConversionOfOneValueWithItsUnitsLookedUpBefore) {
+    for (const char* from : {"Meters", "F", "I", "Chains", ""})
+        for (const char* to : {"M", "U.S. Survey Feet", "International Feet", "Chains", ""}) {
+            const DistanceConversion conversion(from, to);
+            for (const double value : {0.0, -12.5, 1e300, -99999.0})
+                EXPECT_EQ(conversion(value), Distances_GET_Convert(value, from, to)) << from << ' ' << to;
+        }
+}
+
+TEST(RecordDistances, TakesTheUnitOfEveryRecordAnew) {
+    RecordDistances lengths("Meters");
+    EXPECT_EQ(lengths.Unit(), "Meters");
+    EXPECT_EQ(lengths.Convert(10.0, "Meters"), 10);
+    EXPECT_EQ(lengths.Convert(10.0, "I"), 3.048);
+    EXPECT_EQ(lengths.Convert(10.0, "U.S. Survey Feet"), 3.048006096012192);
+    EXPECT_EQ(lengths.Convert(10.0, "Chains"), 10);
+    EXPECT_EQ(lengths.Convert(10.0, "I"), 3.048);
+    EXPECT_EQ(lengths.Convert(-99999.0, "I"), -99999);
+    EXPECT_EQ(lengths.Convert(10.0, "Meters"), 10);
+}
+
+TEST(RecordDistances, ToAnUnknownUnitLeavesWhatIsInItAndNothingElse) {
+    RecordDistances lengths("Chains");
+    EXPECT_EQ(lengths.Convert(10.0, "Chains"), 10);
+    EXPECT_EQ(lengths.Convert(10.0, "Meters"), -99999);
+    EXPECT_EQ(lengths.Convert(10.0F, "F"), -99999.0F);
+    EXPECT_EQ(lengths.Convert(10.0, ""), 10);
+}
+
+// Widened, multiplied in 64 bits, and rounded to 32 once more.
+TEST(RecordDistances, SinglesAreConvertedInDoubles) {
+    RecordDistances lengths("Meters");
+    const float converted = lengths.Convert(0.7F, "F");
+    EXPECT_EQ(converted, static_cast<float>(static_cast<double>(0.7F) * 0.3048006096012192));
+    EXPECT_NE(converted, 0.7F * 0.3048006096012192F);
+    EXPECT_EQ(lengths.Convert(-99999.0F, "F"), -99999.0F);
+    EXPECT_EQ(lengths.Convert(1.1F, "Meters"), 1.1F);
+}
+
+TEST(RecordDistances, ASingleBeyondItsRangeIsAnOverflow) {
+    RecordDistances lengths("U.S. Survey Feet");
+    EXPECT_EQ(FaultOf([&] { lengths.Convert(3e38F, "Meters"); }), Fault::Overflow);
+    EXPECT_EQ(FaultOf([&] { lengths.Convert(-3e38F, "Meters"); }), Fault::Overflow);
+    EXPECT_NO_THROW(lengths.Convert(1e38F, "Meters"));
 }
 
 }  // namespace
