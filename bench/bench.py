@@ -192,6 +192,13 @@ class Bench:
             times.setdefault(what, {})[who] = 1e9 / figures["items_per_second"]
         return times
 
+    def projections(self):
+        """(what, list, shared list, bare projection, PROJ): nanoseconds a point of a million in a conversion."""
+        printed = subprocess.run([BIN / "bench_projections"], env=self.env, capture_output=True, text=True, check=True)
+        for line in printed.stdout.splitlines():
+            what, *times = line.split("\t")
+            yield what, *map(float, times)
+
     def time_a_byte(self, name, file):
         return self.median(name, 0) / (self.folder / file).stat().st_size
 
@@ -226,6 +233,10 @@ class Bench:
                     rows[f"{what}, ns"] = time_of
                 elif who != "ours":
                     rows[f"{what} / {who}"] = times["ours"] / time_of
+        for what, of_list, of_shared, bare, proj in self.projections():
+            rows[f"list / PROJ, {what}"] = of_list / proj
+            rows[f"list / PROJ, {what}, records copied"] = of_shared / proj
+            rows[f"dispatch loop above the bare projection, ns a point, {what}"] = of_list - bare
         if "cs2cs" in self.results:
             rows["one-point -t / cs2cs (wall)"] = self.median("convert 1", 1) / self.median("cs2cs", 1)
         return rows
@@ -254,10 +265,11 @@ def main():
         ratios = bench.ratios()
     finally:
         shutil.rmtree(folder)
-    print(f"{'ratio':56} {'figure':>8} {'aim':>6} {'limit':>6}")
+    width = max(map(len, ratios))
+    print(f"{'ratio':{width}} {'figure':>8} {'aim':>6} {'limit':>6}")
     for row, figure in ratios.items():
         aim, limit = bar_of(row)
-        print(f"{row:56} {figure:8.2f} {aim or '':>6} {limit or '':>6}")
+        print(f"{row:{width}} {figure:8.2f} {aim or '':>6} {limit or '':>6}")
     if arguments.json:
         arguments.json.write_text(json.dumps(bench.results, indent=1))
 

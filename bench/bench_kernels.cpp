@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "benchAreas.hpp"
 #include "coordmath/modAngles.hpp"
 #include "coordmath/modNAD83Lambert.hpp"
 #include "coordmath/modNAD83OMercator.hpp"
@@ -23,24 +24,6 @@ using namespace tarvek;
 constexpr double A = 6378137.0;
 constexpr double E = 0.0818191910428158;
 constexpr std::size_t Count = 4096;
-
-constexpr double Radians(double degrees) { return degrees * RadiansPerDegree; }
-
-// A zone with the points of its area: latitude and longitude in degrees, east positive.
-struct Area {
-    const char* proj;
-    double south, north, west, east;
-};
-
-constexpr Area TransverseMercatorArea = {"+proj=tmerc +lat_0=0 +lon_0=-99 +k=0.9996 +x_0=500000 +ellps=GRS80",
-                                         30, 50, -102, -96};
-constexpr Area LambertArea = {
-    "+proj=lcc +lat_1=43 +lat_2=40 +lat_0=39.8333333333333 +lon_0=-100 +x_0=500000 +ellps=GRS80", 40, 43,
-    -104, -95.3};
-constexpr Area ObliqueArea = {
-    "+proj=omerc +no_uoff +lat_0=57 +lonc=-133.666666666667 +alpha=323.130102361111 +gamma=323.130102361111 "
-    "+k=0.9999 +x_0=5000000 +y_0=-5000000 +ellps=GRS80",
-    54.5, 60, -139, -130};
 
 const TMercator83Zone& TransverseMercatorZone() {
     static const TMercator83Zone zone = TMercator83ZoneOf(A, E, 0, Radians(99), 0, 500000, 0.9996);
@@ -57,26 +40,9 @@ const OMercator83Zone& ObliqueZone() {
     return zone;
 }
 
-struct Positions {
-    std::vector<double> first;   // latitudes or northings
-    std::vector<double> second;  // longitudes, positive east, or eastings
-};
-
-Positions RandomPositions(const Area& area) {
-    std::mt19937_64 draw(1);
-    std::uniform_real_distribution<double> latitude(area.south, area.north);
-    std::uniform_real_distribution<double> longitude(area.west, area.east);
-    Positions positions;
-    for (std::size_t i = 0; i < Count; ++i) {
-        positions.first.push_back(Radians(latitude(draw)));
-        positions.second.push_back(Radians(longitude(draw)));
-    }
-    return positions;
-}
-
 template <class Plane>
 Positions Projected(const Area& area, const Plane& plane) {
-    Positions positions = RandomPositions(area);
+    Positions positions = RandomPositions(area, Count);
     for (std::size_t i = 0; i < Count; ++i) {
         const PlanePosition at = plane(positions.first[i], -positions.second[i]);
         positions.first[i] = at.northing;
@@ -91,7 +57,7 @@ void CountPoints(benchmark::State& state) {
 
 template <class Zone, class Plane>
 void OursForward(benchmark::State& state, const Area& area, const Zone& zone, const Plane& plane) {
-    const Positions positions = RandomPositions(area);
+    const Positions positions = RandomPositions(area, Count);
     for (auto _ : state)
         for (std::size_t i = 0; i < Count; ++i)
             benchmark::DoNotOptimize(plane(zone, positions.first[i], -positions.second[i]));
@@ -112,7 +78,7 @@ void OursInverse(benchmark::State& state, const Area& area, const Zone& zone, co
 // PROJ's array call works in place, so each round begins with a copy, as one of ours would.
 void Proj(benchmark::State& state, const Area& area, PJ_DIRECTION direction) {
     PJ* const projection = proj_create(PJ_DEFAULT_CTX, area.proj);
-    const Positions positions = RandomPositions(area);
+    const Positions positions = RandomPositions(area, Count);
     std::vector<PJ_COORD> given(Count);
     for (std::size_t i = 0; i < Count; ++i)
         given[i] = proj_coord(positions.second[i], positions.first[i], 0, 0);
@@ -130,7 +96,7 @@ void Proj(benchmark::State& state, const Area& area, PJ_DIRECTION direction) {
 template <class Projection>
 void GeographicLibForward(benchmark::State& state, const Area& area, const Projection& projection,
                           double meridian) {
-    const Positions positions = RandomPositions(area);
+    const Positions positions = RandomPositions(area, Count);
     double x = 0;
     double y = 0;
     double convergence = 0;
@@ -148,7 +114,7 @@ void GeographicLibForward(benchmark::State& state, const Area& area, const Proje
 template <class Projection>
 void GeographicLibInverse(benchmark::State& state, const Area& area, const Projection& projection,
                           double meridian) {
-    Positions positions = RandomPositions(area);
+    Positions positions = RandomPositions(area, Count);
     for (std::size_t i = 0; i < Count; ++i) {
         double x = 0;
         double y = 0;

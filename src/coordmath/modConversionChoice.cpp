@@ -12,7 +12,7 @@ namespace {
 using Options = ConversionOptions;
 using System = CoordSystemRef;
 
-bool LacksZone(const System& system) { return system.CS != GeographicSystem && system.ZN.empty(); }
+bool LacksZone(const System& system) { return !IsGeographicSystem(system) && system.ZN.empty(); }
 bool LacksVerticalUnits(const System& system) { return system.VD != NoDatum && system.VerticalUnits.empty(); }
 
 struct Requirement {

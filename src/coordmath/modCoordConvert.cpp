@@ -7,8 +7,6 @@
 namespace tarvek {
 namespace {
 
-bool IsGeographicSystem(const CoordSystemRef& system) { return system.CS == GeographicSystem; }
-
 // Points that come in by latitude and longitude live there from now on.
 bool MarkGeographic(PointList& points) {
     for (std::size_t i = 0, count = points.size(); i < count; ++i)

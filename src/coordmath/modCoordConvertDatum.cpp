@@ -44,10 +44,6 @@ bool TellMissingStage(std::string_view name) {
     return false;
 }
 
-bool MissingGEOCON(std::string_view method) { return TellMissingStage(method); }
-bool MissingHTDP(std::string_view method) { return TellMissingStage(method); }
-bool MissingVERTCON(std::string_view method) { return TellMissingStage(method); }
-bool MissingGEOID(std::string_view method) { return TellMissingStage(method); }
 bool HeightsHaveMoved(std::string_view) { return true; }
 
 // A procedure with the characters that its methods begin with.
@@ -58,8 +54,8 @@ struct HorizontalStage {
 
 constexpr HorizontalStage HorizontalStages[] = {
     {"NADCON", NADCON_Transform},
-    {"GEOCON", MissingGEOCON},
-    {"HTDP 3.2.3", MissingHTDP},
+    {"GEOCON", TellMissingStage},
+    {"HTDP 3.2.3", TellMissingStage},
 };
 
 struct VerticalStage {
@@ -68,23 +64,23 @@ struct VerticalStage {
 };
 
 constexpr VerticalStage VerticalStages[] = {
-    {"VERTCON NGVD 29 to NAVD 88", MissingVERTCON},
-    {"VERTCON NAVD 88 to NGVD 29", MissingVERTCON},
-    {"GEOID99 NAD 83 to NAVD 88", MissingGEOID},
-    {"GEOID03 NAD 83 to NAVD 88", MissingGEOID},
-    {"GEOID06 NAD 83 to NAVD 88", MissingGEOID},
-    {"GEOID09 NAD 83 to NAVD 88", MissingGEOID},
-    {"GEOID99 NAVD 88 to NAD 83", MissingGEOID},
-    {"GEOID03 NAVD 88 to NAD 83", MissingGEOID},
-    {"GEOID06 NAVD 88 to NAD 83", MissingGEOID},
-    {"GEOID09 NAVD 88 to NAD 83", MissingGEOID},
+    {"VERTCON NGVD 29 to NAVD 88", TellMissingStage},
+    {"VERTCON NAVD 88 to NGVD 29", TellMissingStage},
+    {"GEOID99 NAD 83 to NAVD 88", TellMissingStage},
+    {"GEOID03 NAD 83 to NAVD 88", TellMissingStage},
+    {"GEOID06 NAD 83 to NAVD 88", TellMissingStage},
+    {"GEOID09 NAD 83 to NAVD 88", TellMissingStage},
+    {"GEOID99 NAVD 88 to NAD 83", TellMissingStage},
+    {"GEOID03 NAVD 88 to NAD 83", TellMissingStage},
+    {"GEOID06 NAVD 88 to NAD 83", TellMissingStage},
+    {"GEOID09 NAVD 88 to NAD 83", TellMissingStage},
     {"GEOCON Beta NAD 83 (HARN) to NAD 83 (2007) - CONUS", HeightsHaveMoved},
     {"GEOCON Beta NAD 83 (2007) to NAD 83 (HARN) - CONUS", HeightsHaveMoved},
 };
 
 constexpr VerticalStage GeoidModels[] = {
-    {"GEOID99", MissingGEOID}, {"GEOID03", MissingGEOID},  {"GEOID06", MissingGEOID},
-    {"GEOID09", MissingGEOID}, {"GEOID12A", MissingGEOID}, {"EGM96", TellMissingStage},
+    {"GEOID99", TellMissingStage}, {"GEOID03", TellMissingStage},  {"GEOID06", TellMissingStage},
+    {"GEOID09", TellMissingStage}, {"GEOID12A", TellMissingStage}, {"EGM96", TellMissingStage},
 };
 
 template <std::size_t Count>
@@ -119,14 +115,14 @@ void ConvertHeights(PointList& points, std::string_view unitsOut) {
 
 bool CoordConvert_HorizontalDatum(std::string_view datumIn, std::string_view datumOut) {
     const INIView datums(ReadINIFile(DatumsFile()));
-    const std::string_view method = Trim(datums.Value(datumIn, datumOut));
+    const std::string_view method = datums.Value(datumIn, datumOut);
     if (method.empty()) {
         if (datums.Value(datumIn, "Ellipsoid") != datums.Value(datumOut, "Ellipsoid"))
             return TellNoTransformation(datumIn, datumOut);
         return AskWithoutTransformation(datumIn, datumOut);
     }
     for (const HorizontalStage& stage : HorizontalStages)
-        if (method.starts_with(stage.beginning)) return stage.run(method);
+        if (Trim(method.substr(0, stage.beginning.size())) == stage.beginning) return stage.run(method);
     return true;
 }
 

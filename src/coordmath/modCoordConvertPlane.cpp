@@ -104,14 +104,29 @@ void ToGeographic(std::string_view equationUnit, const Inverse& inverse) {
     });
 }
 
+// A latitude positive north, a longitude positive west; -99999 where the record has no such direction. Most
+// records have these directions already, in which a longitude changes only below zero.
+double NorthernLatitude(const PointRecord& point, Word north) {
+    return point.LatDir == north ? point.LT : Angles_GET_Direction(point.LT, point.LatDir, "N");
+}
+double WesternLongitude(const PointRecord& point, Word west) {
+    return point.LongDir == west && point.LG >= 0 ? point.LG
+                                                  : Angles_GET_Direction(point.LG, point.LongDir, "W");
+}
+
 template <class Forward>
 void ToPlane(std::string_view equationUnit, std::string_view unit, const Forward& forward) {
     RecordDistances lengths(unit);
     const Word from(equationUnit);
+    const Word north("N");
+    const Word west("W");
     ChangePoints(Tables().ConversionPoints, HasGeographicPosition, [&](PointRecord& point) {
-        point.LT = Angles_GET_Direction(point.LT, point.LatDir, "N");
-        point.LG = Angles_GET_Direction(point.LG, point.LongDir, "W");
-        const PlanePosition position = forward(point.LT, point.LG);
+        const double phi = NorthernLatitude(point, north);
+        const double lam = WesternLongitude(point, west);
+        if (!HasValue(phi) || !HasValue(lam)) return;  // nobody can tell where it is
+        point.LT = phi;
+        point.LG = lam;
+        const PlanePosition position = forward(phi, lam);
         point.Y = lengths.Convert(position.northing, from);
         point.X = lengths.Convert(position.easting, from);
         point.CA = position.convergence;
@@ -123,42 +138,45 @@ void ToPlane(std::string_view equationUnit, std::string_view unit, const Forward
     });
 }
 
+// Reads the zone and calls `convert` with the unit, the inverse and the forward of its equations, ready for
+// points. An unknown projection has none, and so changes nothing.
+template <class Convert>
+bool ConvertByZone(std::string_view coordinateSystem, std::string_view zone, std::string_view horizontalDatum,
+                   const Convert& convert) {
+    const auto read = ReadZoneParameters(coordinateSystem, zone, horizontalDatum);
+    if (!read) return false;
+    const ZoneParameters& z = *read;
+    if (z.projection == nullptr) return true;
+    if (IsAlaska2To9(*z.projection, zone)) {
+        convert(
+            z.projection->unit,
+            [&](double northing, double easting) {
+                return AK27_GET_Geographic(northing, easting, z.FE, z.phi0, z.lam0);
+            },
+            [&](double phi, double lam) { return AK27_GET_Plane(phi, lam, z.FE, z.phi0, z.lam0); });
+        return true;
+    }
+    const Equations& equations = EquationsOf(*z.projection);
+    equations.setZone(z);
+    convert(z.projection->unit, equations.geographic, equations.plane);
+    return true;
+}
+
 }  // namespace
 
 bool CoordConvert_PlaneToGeographic(std::string_view coordinateSystem, std::string_view zone,
                                     std::string_view horizontalDatum) {
-    const auto parameters = ReadZoneParameters(coordinateSystem, zone, horizontalDatum);
-    if (!parameters) return false;
-    const Projection* const projection = parameters->projection;
-    if (projection == nullptr) return true;
-    if (IsAlaska2To9(*projection, zone)) {
-        ToGeographic(projection->unit, [&](double northing, double easting) {
-            return AK27_GET_Geographic(northing, easting, parameters->FE, parameters->phi0, parameters->lam0);
-        });
-        return true;
-    }
-    const Equations& equations = EquationsOf(*projection);
-    equations.setZone(*parameters);
-    ToGeographic(projection->unit, equations.geographic);
-    return true;
+    return ConvertByZone(
+        coordinateSystem, zone, horizontalDatum,
+        [](std::string_view unit, const auto& inverse, const auto&) { ToGeographic(unit, inverse); });
 }
 
 bool CoordConvert_GeographicToPlane(std::string_view coordinateSystem, std::string_view zone,
                                     std::string_view horizontalDatum, std::string_view horizontalUnits) {
-    const auto parameters = ReadZoneParameters(coordinateSystem, zone, horizontalDatum);
-    if (!parameters) return false;
-    const Projection* const projection = parameters->projection;
-    if (projection == nullptr) return true;
-    if (IsAlaska2To9(*projection, zone)) {
-        ToPlane(projection->unit, horizontalUnits, [&](double phi, double lam) {
-            return AK27_GET_Plane(phi, lam, parameters->FE, parameters->phi0, parameters->lam0);
-        });
-        return true;
-    }
-    const Equations& equations = EquationsOf(*projection);
-    equations.setZone(*parameters);
-    ToPlane(projection->unit, horizontalUnits, equations.plane);
-    return true;
+    return ConvertByZone(coordinateSystem, zone, horizontalDatum,
+                         [&](std::string_view unit, const auto&, const auto& forward) {
+                             ToPlane(unit, horizontalUnits, forward);
+                         });
 }
 
 }  // namespace tarvek

@@ -15,8 +15,8 @@ bool CoordConvert_PlaneToGeographic(std::string_view coordinateSystem, std::stri
                                     std::string_view horizontalDatum);
 
 // Every point with latitude and longitude gets northing, easting, convergence and scale, its lengths in the
-// unit named. LT and LG are turned positive north and west, while LatDir and LongDir stay as they are. False
-// and faults as above.
+// unit named. LT and LG are turned positive north and west, while LatDir and LongDir stay as they are; a
+// point whose directions are none of N, S, E, W and -W is passed over. False and faults as above.
 bool CoordConvert_GeographicToPlane(std::string_view coordinateSystem, std::string_view zone,
                                     std::string_view horizontalDatum, std::string_view horizontalUnits);
 

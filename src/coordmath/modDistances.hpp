@@ -28,7 +28,7 @@ class DistanceConversion {
     double operator()(double value) const { return isKnown_ && HasValue(value) ? value * factor_ : NoValue; }
 
   private:
-    double factor_ = 1;
+    double factor_ = 1;    // also where the unit to convert from is unknown
     bool isKnown_ = true;  // false where there is no way from a known unit
 };
 

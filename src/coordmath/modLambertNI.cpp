@@ -1,3 +1,15 @@
+// The one-parallel Lambert projection in the form of the Lambert conic near-conformal of EPSG Guidance Note
+// 7-2: a power series in the meridian arc from the parallel, here carried on from s^3 to s^7, which makes it
+// conformal again. What is to be known of it before anything is changed:
+//
+// - Against the projection itself it is off by less than 0.1 mm within 2 degrees of latitude of the parallel;
+//   the series ends at s^7. The arc ends at e^6: 0.03 mm over a quadrant.
+// - The latitude of an inverse ends when a Newton step is below 0.00005 m on the arc and 0.0000005 radians on
+//   the latitude; such steps square their error, so that less than 0.001 mm is left.
+// - An inverse whose arc is exactly 0 divides 0 by 0, and is the run time's fault.
+// - The Newton loops have no bound of their own. One that is still going after ten thousand steps would never
+//   end, and is the fault too.
+
 #include "coordmath/modLambertNI.hpp"
 
 #include <cmath>
@@ -9,8 +21,7 @@ namespace {
 
 LambertNIZone ActiveZone;
 
-// Far beyond what any point needs (a coordinate of 1e200 meters takes some 6000); a loop that is still going
-// then goes on for ever.
+// Some twenty times what the farthest point needs that still has a result.
 constexpr int EndlessSteps = 10000;
 
 // Meridian arc from the equator, meters.
@@ -32,19 +43,42 @@ Terms TermsOf(const LambertNIZone& zone, double s) {
     const double s2 = s * s;
     const double s3 = s2 * s;
     const double s4 = s2 * s2;
+    const LambertNISeries& u = zone.series;
+    return {.u1 = s3 / u.D1,
+            .u2 = s4 * zone.T * u.P2 / u.D2,
+            .u3 = s4 * s * u.P3 / u.D3,
+            .u4 = s3 * s3 * zone.T * u.P4 / u.D4,
+            .u5 = s4 * s3 * u.P5 / u.D5};
+}
+
+// The polynomials of tangent and cosine of the parallel, and the products of its radii below them.
+LambertNISeries SeriesOf(const LambertNIZone& zone) {
     const double N = zone.N0r;
     const double M = zone.M0r;
     const double N2 = N * N;
     const double N3 = N2 * N;
     const double M2 = M * M;
-    const double T = zone.T;
-    const double T2 = T * T;
+    const double T2 = zone.T * zone.T;
     const double C2 = zone.C * zone.C;
-    return {.u1 = s3 / (6 * M * N),
-            .u2 = s4 * T * (1 - 4 * zone.ep2 * C2) / (24 * N2 * M),
-            .u3 = s4 * s * (5 + 3 * T2 - 3 * zone.ep2 - zone.ep2 * C2) / (120 * N2 * M2),
-            .u4 = s3 * s3 * T * (7 + 4 * T2) / (240 * N3 * M2),
-            .u5 = s4 * s3 * (61 + 180 * T2 + 60 * (T2 * T2)) / (5040 * N3 * (M2 * M))};
+    return {.P2 = 1 - 4 * zone.ep2 * C2,
+            .P3 = 5 + 3 * T2 - 3 * zone.ep2 - zone.ep2 * C2,
+            .P4 = 7 + 4 * T2,
+            .P5 = 61 + 180 * T2 + 60 * (T2 * T2),
+            .D1 = 6 * M * N,
+            .D2 = 24 * N2 * M,
+            .D3 = 120 * N2 * M2,
+            .D4 = 240 * N3 * M2,
+            .D5 = 5040 * N3 * (M2 * M)};
+}
+
+// The point scale at an arc s from the central parallel.
+double ScaleAt(const LambertNIZone& zone, double s) {
+    const double s2 = s * s;
+    const double N = zone.N0r;
+    const double M = zone.M0r;
+    const double T = zone.T;
+    return RequireFinite(zone.k0 * (1 + s2 / (2 * M * N) + s2 * s * T / (6 * (N * N) * M) +
+                                    s2 * s2 * (5 + 3 * (T * T)) / (24 * (N * N) * (M * M))));
 }
 
 // One more step of a loop, which must be finite and not lead on for ever.
@@ -112,6 +146,7 @@ LambertNIZone LambertNIZoneOf(double a, double e, double phi0, double lam0, doub
     zone.A4 = 15.0 / 256 * (e4 + 3 * e6 / 4);
     zone.A6 = 35.0 / 3072 * e6;
     zone.M0 = RequireFinite(Arc(zone, phi0));
+    zone.series = SeriesOf(zone);
     return zone;
 }
 
@@ -124,7 +159,7 @@ PlanePosition LambertNIPlane(const LambertNIZone& zone, double phi, double lam) 
     return {.northing = RequireFinite(zone.FN + L + std::tan(theta / 2) * P),
             .easting = RequireFinite(zone.FE + P),
             .convergence = RequireFinite(theta),
-            .scale = LambertNIScale(zone, phi)};
+            .scale = ScaleAt(zone, s)};
 }
 
 GeographicPosition LambertNIGeographic(const LambertNIZone& zone, double northing, double easting) {
@@ -139,13 +174,7 @@ GeographicPosition LambertNIGeographic(const LambertNIZone& zone, double northin
 }
 
 double LambertNIScale(const LambertNIZone& zone, double phi) {
-    const double s = Arc(zone, phi) - zone.M0;
-    const double s2 = s * s;
-    const double N = zone.N0r;
-    const double M = zone.M0r;
-    const double T = zone.T;
-    return RequireFinite(zone.k0 * (1 + s2 / (2 * M * N) + s2 * s * T / (6 * (N * N) * M) +
-                                    s2 * s2 * (5 + 3 * (T * T)) / (24 * (N * N) * (M * M))));
+    return ScaleAt(zone, Arc(zone, phi) - zone.M0);
 }
 
 void LambertNI_SET_Zone(double a, double e, double phi0, double lam0, double FN, double FE, double k0) {

@@ -11,6 +11,12 @@
 
 namespace tarvek {
 
+// What the five terms of the mapping radius have of the zone: numerators P and denominators D.
+struct LambertNISeries {
+    double P2, P3, P4, P5;
+    double D1, D2, D3, D4, D5;
+};
+
 struct LambertNIZone {
     double a = 0;     // semimajor axis, meters
     double e = 0;     // first eccentricity
@@ -31,6 +37,7 @@ struct LambertNIZone {
     double S = 0;   // sine,
     double C = 0;   // cosine and
     double T = 0;   // tangent of phi0
+    LambertNISeries series{};
 };
 
 // phi0 and lam0 are the origin, k0 the scale on the central parallel.

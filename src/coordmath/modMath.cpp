@@ -17,4 +17,9 @@ double Cosh(double x) { return RequireFinite((std::exp(x) + std::exp(x * -1.0)) 
 
 double ACosh(double x) { return RequireFinite(std::log(std::sqrt(x * x - 1.0) + x)); }
 
+double RequireNoPole(double phi) {
+    if (std::fabs(std::cos(phi)) < 5e-15) RaiseFault(Fault::Overflow);
+    return phi;
+}
+
 }  // namespace tarvek

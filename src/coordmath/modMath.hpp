@@ -15,4 +15,9 @@ double Cosh(double x);
 // The one that is not negative: ln(sqrt(x^2 - 1) + x)
 double ACosh(double x);
 
+// The latitude itself, radians; Fault::Overflow at a pole. No double is exactly 90 degrees, so there tan and
+// 1 / cos give some large number where they have no value; within a billionth of a second of arc of it a
+// latitude is the pole.
+double RequireNoPole(double phi);
+
 }  // namespace tarvek

@@ -17,6 +17,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "coordmath/modMath.hpp"
 #include "coordmath/modNAD27Series.hpp"
 #include "coordmath/modNAD83Lambert.hpp"
 #include "platform/modFaults.hpp"
@@ -37,9 +38,7 @@ double ArcFactor(const Lambert27Zone& zone, double b) {
 Lambert27Zone Lambert27ZoneOf(double phi1, double phi2, double phib, double lam0, double /*FN*/, double FE,
                               double a, double e) {
     const LambertCone cone = LambertConeOf(phi1, phi2, phib, a, e);
-    const double w = 1 - e * e * (cone.n * cone.n);
-    const double Rm = (1 - e * e) * a / std::pow(w, 1.5) * SurveyFeetPerMeter;
-    const double Rn = a / std::sqrt(w) * SurveyFeetPerMeter;
+    const auto [Rm, Rn] = RadiiInFeet(a, e, cone.n);
     const double t = std::tan(cone.phi0);
     const MinutesAndSeconds central = RectifiedLatitude(cone.phi0);
     return {.a = a,
@@ -59,7 +58,8 @@ Lambert27Zone Lambert27ZoneOf(double phi1, double phi2, double phib, double lam0
 
 double Lambert27Scale(const Lambert27Zone& zone, double phi, double R) {
     const double s = std::sin(phi);
-    return RequireFinite(zone.n * R * std::sqrt(1 - 0.006768658 * (s * s)) / (std::cos(phi) * 20925832.16));
+    return RequireFinite(zone.n * R * std::sqrt(1 - 0.006768658 * (s * s)) /
+                         (std::cos(RequireNoPole(phi)) * 20925832.16));
 }
 
 PlanePosition Lambert27Plane(const Lambert27Zone& zone, double phi, double lam) {

@@ -11,6 +11,12 @@
 
 namespace tarvek {
 
+CurvatureRadii RadiiInFeet(double a, double e, double sinPhi) {
+    const double w = 1 - e * e * (sinPhi * sinPhi);
+    return {.meridian = (1 - e * e) * a / std::pow(w, 1.5) * SurveyFeetPerMeter,
+            .primeVertical = a / std::sqrt(w) * SurveyFeetPerMeter};
+}
+
 MinutesAndSeconds MinutesAndSecondsOf(double phi) {
     const double minutes = std::trunc(phi * DegreesPerRadian * 60);
     return {.minutes = minutes, .seconds = phi * DegreesPerRadian * 3600.0 - minutes * 60.0};

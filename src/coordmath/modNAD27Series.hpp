@@ -13,6 +13,14 @@ inline constexpr double SecondsPerRadian = 206264.80624709657;
 inline constexpr double RadiansPerSecond = 4.848136811095355e-06;
 inline constexpr double SurveyFeetPerMeter = 3.2808333333333333;
 
+// The radii of curvature at a latitude of this sine, in feet, of an ellipsoid whose semimajor axis is in
+// meters.
+struct CurvatureRadii {
+    double meridian;
+    double primeVertical;
+};
+CurvatureRadii RadiiInFeet(double a, double e, double sinPhi);
+
 // Minutes of arc without a fraction, and the seconds beyond them; both bear the sign of the angle.
 struct MinutesAndSeconds {
     double minutes;

@@ -100,7 +100,8 @@ GeographicPosition Lambert83Geographic(const Lambert83Zone& zone, double northin
     const double gamma = std::atan(Ep / Rp);
     const double R = std::sqrt(Rp * Rp + Ep * Ep);
     const double Q = RequireFinite(std::log(zone.K / R) / zone.n);
-    double s = (std::exp(2 * Q) - 1) / (std::exp(2 * Q) + 1);
+    const double E = std::exp(2 * Q);
+    double s = (E - 1) / (E + 1);
     for (int step = 0; step < 3; ++step) {
         const double f1 = IsometricFromSine(s, e) - Q;
         const double f2 = 1 / (1 - s * s) - e2 / (1 - s * s * e2);

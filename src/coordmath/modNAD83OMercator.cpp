@@ -41,6 +41,8 @@ OMercator83Zone OMercator83ZoneOf(double a, double e, double phi0, double lam0, 
     zone.FN = FN;
     zone.FE = FE;
     zone.alpha = alpha;
+    zone.sinAlpha = std::sin(alpha);
+    zone.cosAlpha = std::cos(alpha);
     zone.P0 = 2 * (c1 - 2 * c2 + 3 * c3 - 4 * c4);
     zone.P2 = 8 * (c2 - 4 * c3 + 10 * c4);
     zone.P4 = 32 * (c3 - 6 * c4);
@@ -72,11 +74,9 @@ PlanePosition OMercator83Plane(const OMercator83Zone& zone, double phi, double l
     const double K = Cosh(q);
     const double u = zone.Ak * std::atan((cg * J - sg * sinL) / cosL);
     const double v = zone.Ak / 2 * std::log((K - sg * J - cg * sinL) / (sg * J + K + cg * sinL));
-    const double sinAlpha = std::sin(zone.alpha);
-    const double cosAlpha = std::cos(zone.alpha);
     const double sinPhi = std::sin(phi);
-    return {.northing = RequireFinite(cosAlpha * u - sinAlpha * v + zone.FN),
-            .easting = RequireFinite(cosAlpha * v + sinAlpha * u + zone.FE),
+    return {.northing = RequireFinite(zone.cosAlpha * u - zone.sinAlpha * v + zone.FN),
+            .easting = RequireFinite(zone.cosAlpha * v + zone.sinAlpha * u + zone.FE),
             .convergence = RequireFinite(std::atan((sg - cg * J * sinL) / (cg * K * cosL)) - zone.alpha),
             .scale = RequireFinite(zone.Ka * std::sqrt(1 - zone.e * zone.e * (sinPhi * sinPhi)) *
                                    std::cos(u / zone.Ak) / (cosL * std::cos(phi)))};
@@ -85,10 +85,8 @@ PlanePosition OMercator83Plane(const OMercator83Zone& zone, double phi, double l
 GeographicPosition OMercator83Geographic(const OMercator83Zone& zone, double northing, double easting) {
     const double sg = zone.sg;
     const double cg = zone.cg;
-    const double sinAlpha = std::sin(zone.alpha);
-    const double cosAlpha = std::cos(zone.alpha);
-    const double u = (northing - zone.FN) * cosAlpha + (easting - zone.FE) * sinAlpha;
-    const double v = (easting - zone.FE) * cosAlpha - (northing - zone.FN) * sinAlpha;
+    const double u = (northing - zone.FN) * zone.cosAlpha + (easting - zone.FE) * zone.sinAlpha;
+    const double v = (easting - zone.FE) * zone.cosAlpha - (northing - zone.FN) * zone.sinAlpha;
     const double J = Sinh(v / zone.Ak);
     const double K = Cosh(v / zone.Ak);
     const double S = std::sin(u / zone.Ak);

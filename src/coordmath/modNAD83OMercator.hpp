@@ -12,19 +12,21 @@ namespace tarvek {
 
 // The constants of a zone, made once and read for every point.
 struct OMercator83Zone {
-    double a;      // semimajor axis, meters
-    double e;      // first eccentricity
-    double ep2;    // second eccentricity squared
-    double FN;     // northing at the origin of the axis, meters
-    double FE;     // easting at the origin of the axis, meters
-    double alpha;  // azimuth of the axis at the central point, radians from north, positive east
-    double B;      // ratio of the longitudes on the aposphere to those on the ellipsoid
-    double C;      // isometric latitude of the aposphere at the equator
-    double Ak;     // A k0 / B: meters per radian along and across the axis, scaled
-    double lamc;   // longitude of the origin of the axis, radians, positive west
-    double sg;     // sine and
-    double cg;     // cosine of gamma0, the azimuth of the axis where it crosses the aposphere's equator
-    double Ka;     // A k0 / a, the factor of the scale
+    double a;         // semimajor axis, meters
+    double e;         // first eccentricity
+    double ep2;       // second eccentricity squared
+    double FN;        // northing at the origin of the axis, meters
+    double FE;        // easting at the origin of the axis, meters
+    double alpha;     // azimuth of the axis at the central point, radians from north, positive east
+    double sinAlpha;  // its sine and cosine
+    double cosAlpha;
+    double B;     // ratio of the longitudes on the aposphere to those on the ellipsoid
+    double C;     // isometric latitude of the aposphere at the equator
+    double Ak;    // A k0 / B: meters per radian along and across the axis, scaled
+    double lamc;  // longitude of the origin of the axis, radians, positive west
+    double sg;    // sine and
+    double cg;    // cosine of gamma0, the azimuth of the axis where it crosses the aposphere's equator
+    double Ka;    // A k0 / a, the factor of the scale
     double P0, P2, P4, P6;  // series from the conformal latitude to the latitude, in cos^2
 };
 

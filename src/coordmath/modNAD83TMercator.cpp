@@ -13,6 +13,7 @@
 
 #include <cmath>
 
+#include "coordmath/modMath.hpp"
 #include "platform/modFaults.hpp"
 
 namespace tarvek {
@@ -36,13 +37,6 @@ double RectifyingLatitude(const TMercator83Zone& zone, double phi) {
 
 double LatitudeFromRectifying(const TMercator83Zone& zone, double w) {
     return SeriesInCosines(w, zone.V0, zone.V2, zone.V4, zone.V6);
-}
-
-// The tangent of a latitude. No double is exactly 90 degrees, so at a pole tan gives some large number where
-// it has no value; within a billionth of a second of arc of it a latitude is the pole.
-double TangentOfLatitude(double phi) {
-    if (std::fabs(std::cos(phi)) < 5e-15) RaiseFault(Fault::Overflow);
-    return std::tan(phi);
 }
 
 // Prime vertical radius times the scale of the central meridian.
@@ -97,7 +91,7 @@ PlanePosition TMercator83Plane(const TMercator83Zone& zone, double phi, double l
     const double L = (lam - zone.lam0) * std::cos(phi);
     const double L2 = L * L;
     const double S = zone.k0 * RectifyingLatitude(zone, phi) * zone.r;
-    const double t = TangentOfLatitude(phi);
+    const double t = std::tan(RequireNoPole(phi));
     const double t2 = t * t;
     const double t4 = t2 * t2;
     const double t6 = t4 * t2;
@@ -126,7 +120,7 @@ PlanePosition TMercator83Plane(const TMercator83Zone& zone, double phi, double l
 GeographicPosition TMercator83Geographic(const TMercator83Zone& zone, double northing, double easting) {
     const double w = (northing - zone.FN + zone.S0) / (zone.r * zone.k0);
     const double phif = LatitudeFromRectifying(zone, w);
-    const double t = TangentOfLatitude(phif);
+    const double t = std::tan(RequireNoPole(phif));
     const double t2 = t * t;
     const double t4 = t2 * t2;
     const double t6 = t4 * t2;

@@ -17,13 +17,13 @@ constexpr std::string_view ProjectionKey = "Projection";
 // The keys of one zone, read as what they mean.
 class ZoneKeys {
   public:
-    ZoneKeys(const INIView& zones, std::string_view section, std::string_view unit)
+    ZoneKeys(const INIView& zones, std::string_view section, std::string_view equationUnit)
         : zones_(zones),
           section_(section),
-          unit_(unit),
+          equationUnit_(equationUnit),
           latitudes_(Text("Positive Latitude Direction")),
           longitudes_(Text("Positive Longitude Direction")),
-          lengths_(Text("Linear Units")) {}
+          linearUnits_(Text("Linear Units")) {}
 
     double Number(std::string_view key) const { return NumberFromText(Text(key)); }
     double Angle(std::string_view key) const { return Angles_GET_RadFromDMSPacked(Text(key)); }
@@ -31,17 +31,19 @@ class ZoneKeys {
     double Longitude(std::string_view key) const {
         return Angles_GET_Direction(Angle(key), longitudes_, "W");
     }
-    double Length(std::string_view key) const { return Distances_GET_Convert(Number(key), lengths_, unit_); }
+    double Length(std::string_view key) const {
+        return Distances_GET_Convert(Number(key), linearUnits_, equationUnit_);
+    }
 
   private:
     std::string_view Text(std::string_view key) const { return zones_.Value(section_, key); }
 
     const INIView& zones_;
     std::string_view section_;
-    std::string_view unit_;
+    std::string_view equationUnit_;
     std::string_view latitudes_;
     std::string_view longitudes_;
-    std::string_view lengths_;
+    std::string_view linearUnits_;
 };
 
 // The section that has the zone; empty where none has.

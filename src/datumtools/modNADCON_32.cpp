@@ -37,8 +37,8 @@ NADCONState State;
 
 // The last row or column; latitudes are taken around the circle as longitudes are.
 float LimitOf(float first, float step, std::int32_t count) {
-    const auto limit = static_cast<float>(double{step} * (count - 1.0) + double{first});
-    return limit > 180 ? static_cast<float>(limit - 360.0) : limit;
+    const float limit = SingleFromNumber(double{step} * (count - 1.0) + double{first});
+    return limit > 180 ? SingleFromNumber(limit - 360.0) : limit;
 }
 
 void NADCON_SetLimits() {
@@ -132,9 +132,11 @@ double NADCON_Interpolate(double latitude, double longitude, bool useLatitudeGri
     const double ty = y - static_cast<double>(iy);
     const double tx = x - static_cast<double>(ix);
 
-    // Past the header, iy rows and the word before the row that is looked at.
+    // Past the header, iy rows and the word before the row that is looked at. Places in a file have 32 bits.
     const std::int64_t rowSize = 4 * (std::int64_t{State.LASHeader.NC} + 1);
-    const std::int64_t position = rowSize * (iy + 1) + 4 + 4 * ix;
+    const std::int64_t rowStart =
+        Integer32FromNumber(static_cast<double>(rowSize) * static_cast<double>(iy + 1));
+    const std::int64_t position = rowStart + 4 + 4 * ix;
     const NADCONFile& file = useLatitudeGrid ? State.LASFile : State.LOSFile;
     const double z1 = file.ShiftAt(position);
     const double z2 = file.ShiftAt(position + 4);

@@ -88,6 +88,8 @@ struct CoordSystemRef {
     std::string VerticalUnits;    // unit of heights
 };
 
+inline bool IsGeographicSystem(const CoordSystemRef& system) { return system.CS == GeographicSystem; }
+
 // What travels with a point set.
 struct ProjectHeader {
     std::string PR;           // the "PR:" line, whole

@@ -26,7 +26,7 @@ PrintFlags FlagsInForce(const WriterFamily& family) {
     const SurveyTables& tables = Tables();
     if (!tables.CoordinatesConverted) return {true, true, true};
     const ConversionOptions& options = tables.Options;
-    const bool isGeographicSet = tables.OutputHeader.System.CS == GeographicSystem;
+    const bool isGeographicSet = IsGeographicSystem(tables.OutputHeader.System);
     return {options.ComputeScale, options.ComputeConvergence,
             options.ComputeLatLong || (family.locatesGeographicSets && isGeographicSet)};
 }

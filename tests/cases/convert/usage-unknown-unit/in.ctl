@@ -1,0 +1,6 @@
+AC:PR
+UL:M
+AC:OS
+PN:1
+YC:1
+XC:2
