@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "cli/modRunReport.hpp"
 #include "cli/modStandardStreams.hpp"
@@ -34,17 +36,18 @@ class ProgressInForce {
     ConsoleProgress bar_;
 };
 
-// An output file that exists is replaced only with the user's consent. A missing input is the reader's to
-// tell.
-bool MayWrite(const RunOptions& options, const std::string& input, const std::string& output) {
-    if (options.force || !FileExists(input) || !OutputFileExists(output) || options.output == "-")
-        return true;
-    return AskToOverwrite(output);
+// An output file that exists is replaced only with the user's consent. Nobody is asked where an input is
+// missing, which is the reader's to tell.
+bool MayWrite(const RunOptions& options, const std::vector<std::string>& inputs, const std::string& output) {
+    if (options.force || options.output == "-" || !OutputFileExists(output)) return true;
+    return !std::all_of(inputs.begin(), inputs.end(), FileExists) || AskToOverwrite(output);
 }
 
 // Runs `translate(input, output)` on the files of the options, with "-" standing for the standard streams.
+// `others` are the files that it reads beside the input.
 template <class Translate>
-int RunTranslation(const RunOptions& options, AnsweringPrompts& prompts, const Translate& translate) {
+int RunTranslation(const RunOptions& options, AnsweringPrompts& prompts,
+                   const std::vector<std::string>& others, const Translate& translate) {
     const ProgressInForce progress(options);
     return RunTrapped([&] {
         StandardStreams streams;
@@ -52,7 +55,9 @@ int RunTranslation(const RunOptions& options, AnsweringPrompts& prompts, const T
         const std::string output = streams.Output(options.output);
         if (input != options.input) prompts.CallFile(input, "standard input");
         if (output != options.output) prompts.CallFile(output, "standard output");
-        if (!MayWrite(options, input, output) || !translate(input, output)) return Failed;
+        std::vector<std::string> inputs = others;
+        inputs.push_back(input);
+        if (!MayWrite(options, inputs, output) || !translate(input, output)) return Failed;
         streams.Deliver();
         return Done;
     });
@@ -108,7 +113,7 @@ int RunConvertCommand(const ConvertOptions& options) {
     report.output.file = options.output;
     report.output.format = options.to->key;
     const int status =
-        RunTranslation(options, prompts, [&](const std::string& input, const std::string& output) {
+        RunTranslation(options, prompts, {}, [&](const std::string& input, const std::string& output) {
             if (!ReadInput(options, input, report.input)) return false;
             if (!FillOutput(options.conversion)) return false;
             const bool isConverted = options.conversion.IsGiven();
@@ -125,9 +130,10 @@ int RunConvertCommand(const ConvertOptions& options) {
 
 int RunReplaceCommand(const ReplaceOptions& options) {
     AnsweringPrompts prompts(options.answers);
-    return RunTranslation(options, prompts, [&](const std::string& input, const std::string& output) {
+    const auto replace = [&](const std::string& input, const std::string& output) {
         return RunSearchReplace(input, output, options.trnFile);
-    });
+    };
+    return RunTranslation(options, prompts, {options.trnFile}, replace);
 }
 
 }  // namespace tarvek
