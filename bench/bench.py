@@ -6,7 +6,8 @@
 Makes its own control files (points of ten lines) in a memory file system, runs every command in turn, round after
 round, and prints medians: user CPU time against `sed` with one tag rule over the same file, the peak memory per point
 above that of a one-point run, and the wall time of a one-point run against a one-point `cs2cs` (package proj-bin).
-Wall times swing on shared machines; user CPU time does not.
+Wall times swing on shared machines; user CPU time does not. The projections, alone and in the conversion of a list of
+a million points, are timed by bench_kernels and bench_projections against PROJ and GeographicLib.
 """
 import argparse
 import json
@@ -30,6 +31,7 @@ TICK = 0.005  # seconds
 BARS = {
     "convert / sed": (1.0, 1.3),
     "replace 10 rules / sed": (0.75, 1.0),
+    "replace 10 rules, 3 of arithmetic / sed": (None, None),
     "replace 100 rules / 10 rules": (None, 1.5),
     "convert bytes a point": (300, 400),
     "replace bytes a point": (300, 400),
@@ -52,7 +54,10 @@ BARS = {
     "dispatch loop above the bare projection, ns a point": (None, 30),
 }
 
-TEN_RULES = ["FE:OAK FE:TREE", "CL:OLD CL:NEW", "CM:SEEN", "GR:7 GR:8", "XC:+100", "YC:+200.5",
+TEN_RULES = ["FE:OAK FE:TREE", "CL:OLD CL:NEW", "CM:SEEN", "GR:7 GR:8", "PD:FOUND PD:SET", "PN:9 PN:8",
+             "FE:EP FE:EDGE", "GR:1 GR:2", "CL:NEW CL:LATEST", "AC:OS AC:PD"]
+# Three of ten work out a number of every point.
+ARITHMETIC_RULES = ["FE:OAK FE:TREE", "CL:OLD CL:NEW", "CM:SEEN", "GR:7 GR:8", "XC:+100", "YC:+200.5",
              "ZC:-1.25", "PD:FOUND PD:SET", "PN:9 PN:8", "FE:EP FE:EDGE"]
 
 
@@ -133,6 +138,7 @@ class Bench:
         (definitions / "chains.kti").write_text(f"ConvertFile\r\nConvert\r\n{chains}\r\n{chains}\r\n", newline="")
         library_of(folder / "home", 400)
         rules_file(folder / "ten.trn", TEN_RULES)
+        rules_file(folder / "arithmetic.trn", ARITHMETIC_RULES)
         rules_file(folder / "hundred.trn", other_rules(100))
         rules_file(folder / "ten_others.trn", other_rules(10))
         for size in [1, *sizes]:
@@ -164,6 +170,7 @@ class Bench:
             self.measure(f"sed {size}", self.sed(size))
             self.measure(f"convert {size}", self.translate("convert", size))
             self.measure(f"replace 10 {size}", self.translate("replace", size, "ten.trn"))
+            self.measure(f"replace arithmetic {size}", self.translate("replace", size, "arithmetic.trn"))
             self.measure(f"replace 10 others {size}", self.translate("replace", size, "ten_others.trn"))
             self.measure(f"replace 100 others {size}", self.translate("replace", size, "hundred.trn"))
         self.measure("chains", self.translate("chains", self.sizes[-1], extension="pac"))
@@ -211,6 +218,7 @@ class Bench:
             for row, name, peer in (
                 ("convert / sed", "convert", "sed"),
                 ("replace 10 rules / sed", "replace 10", "sed"),
+                ("replace 10 rules, 3 of arithmetic / sed", "replace arithmetic", "sed"),
                 ("replace 100 rules / 10 rules", "replace 100 others", "replace 10 others"),
             ):
                 rows[f"{row}, {size:,}"] = ratio(self.median(f"{name} {size}", 0), self.median(f"{peer} {size}", 0))

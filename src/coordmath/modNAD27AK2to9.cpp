@@ -15,6 +15,7 @@
 
 #include <cmath>
 
+#include "coordmath/modMath.hpp"
 #include "coordmath/modNAD27Series.hpp"
 #include "platform/modFaults.hpp"
 
@@ -76,7 +77,7 @@ GeographicPosition AK27Geographic(const AK27Zone& zone, double northing, double 
     const double c02 = c0 * c0;
     const double f =
         (6.193011 * c02 + 1047.546691 + 5.0699 / 1e2 * (c02 * c02)) * std::sqrt(1 - c02) * c0 + q;
-    const double c = std::cos(f * RadiansPerSecond);
+    const double c = std::cos(RequireNoPole(f * RadiansPerSecond));
     const double cc = c * c;
     const double c4 = cc * cc;
     const double D = 1 + 0.0068147849 * cc;

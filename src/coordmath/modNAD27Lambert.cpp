@@ -78,7 +78,7 @@ PlanePosition Lambert27Plane(const Lambert27Zone& zone, double phi, double lam) 
 }
 
 GeographicPosition Lambert27Geographic(const Lambert27Zone& zone, double northing, double easting) {
-    const double theta = RequireFinite(std::atan((easting - zone.FE) / (zone.Rb - northing)));
+    const double theta = std::atan(RequireFinite((easting - zone.FE) / (zone.Rb - northing)));
     const double lam = RequireFinite((zone.lam0s - theta * SecondsPerRadian / zone.n) * RadiansPerSecond);
     const double R = (zone.Rb - northing) / std::cos(theta);
     const double half = std::sin(theta / 2);

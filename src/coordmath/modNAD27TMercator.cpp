@@ -17,6 +17,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "coordmath/modMath.hpp"
 #include "coordmath/modNAD27Series.hpp"
 #include "platform/modFaults.hpp"
 #include "platform/modNumbers.hpp"
@@ -103,7 +104,7 @@ GeographicPosition TMercator27Geographic(const TMercator27Zone& zone, double nor
     const double q = 0.009873675553 / zone.k0 * northing + zone.Sn;
     const std::int16_t Mi = Integer16FromNumber(zone.Mn);
     const double q2 = SecondsFromRectified(Mi, q);
-    const double p1 = (zone.Mn * 60.0 + q2) * RadiansPerSecond;
+    const double p1 = RequireNoPole((zone.Mn * 60.0 + q2) * RadiansPerSecond);
     const double w = Clarke(p1);
     const double x5 = x3 / 1e5;
     const double q3 = q2 - x5 * x5 * 25.52381 * (w * w) * std::tan(p1);

@@ -382,7 +382,8 @@ TEST_F(PlaneConversion, LatitudeAndLongitudeTurnWhileTheirDirectionsStay) {
     const double circle = 6.28318530717958;
     for (const Row& row :
          {Row{phi, "N", lam, "W"}, Row{-phi, "S", lam, "W"}, Row{phi, "N", circle - lam, "E"},
-          Row{phi, "N", -lam, "E"}, Row{phi, "N", -lam, "-W"}, Row{-phi, "S", -lam, "-W"}}) {
+          Row{phi, "N", -lam, "E"}, Row{phi, "N", -lam, "-W"}, Row{-phi, "S", -lam, "-W"},
+          Row{phi, "N", lam - circle, "W"}}) {
         SCOPED_TRACE(::testing::Message() << row.LT << row.latitudes << ' ' << row.LG << row.longitudes);
         Tables() = {};
         Add(GeographicPoint(row.LT, row.LG, row.latitudes, row.longitudes));

@@ -2,6 +2,8 @@
 
 #include "coordmath/modMath.hpp"
 
+#include <cfenv>
+
 #include "coordmath/projectionTest.hpp"
 
 namespace tarvek::test {
@@ -13,8 +15,10 @@ TEST(ASin, IsTheArcSine) {
 }
 
 TEST(ASin, OfOneAndMinusOneIsARightAngleWithNoDivisionByZero) {
+    std::feclearexcept(FE_ALL_EXCEPT);
     EXPECT_EQ(ASin(1.0), 2 * std::atan(1.0));
     EXPECT_EQ(ASin(-1.0), -2 * std::atan(1.0));
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO), 0);
 }
 
 TEST(ASin, OfTheNeighborsOfOneIsStillFinite) {

@@ -209,7 +209,9 @@ TEST(Lambert27, WhatIsNoFiniteNumberIsAnOverflow) {
     ExpectOverflowOfNoNumbers([&](double phi, double R) { Lambert27Scale(zone, phi, R); }, 0.73, 2e7);
     for (const double northing : {Infinite, -Infinite, NotANumber})
         ExpectOverflow([&] { Lambert27Geographic(zone, northing, 2.2e6); });
-    ExpectOverflow([&] { Lambert27Geographic(zone, 3e5, NotANumber); });
+    for (const double easting : {Infinite, -Infinite, NotANumber})
+        ExpectOverflow([&] { Lambert27Geographic(zone, 3e5, easting); });
+    ExpectOverflow([&] { Lambert27Geographic(zone, zone.Rb, 1e6); });      // as high as the apex
     ExpectOverflow([&] { Lambert27Geographic(zone, zone.Rb, zone.FE); });  // the apex
 }
 

@@ -37,7 +37,12 @@ class MultiPoint : public ::testing::Test {
     static ProjectHeader& Header() { return Tables().InputHeader; }
     static const CoordSystemRef& Input() { return Tables().Options.InputSystem; }
     static const CoordSystemRef& Output() { return Tables().Options.OutputSystem; }
-    static const PointRecord& Point(std::size_t index = 0) { return Tables().OutputPoints[index]; }
+    // The first point of the output, or an empty one where there is none.
+    static PointRecord Point() {
+        const bool hasPoint = Tables().OutputPoints.size() > 0;
+        EXPECT_TRUE(hasPoint);
+        return hasPoint ? Tables().OutputPoints[0] : PointRecord();
+    }
 
     // A plane set of the transverse Mercator zone, in meters, with a point north of the origin.
     static void PutPlaneInput() {
@@ -195,6 +200,14 @@ TEST_F(MultiPoint, APlaneSystemAfterAGeographicOneTakesTheUnitOfItsZone) {
     EXPECT_TRUE(ConvertInputToOutput({"TST", "10", "", "Meters", "", ""}));
     EXPECT_EQ(Output().HorizontalUnits, "Meters");
     EXPECT_NEAR(Point().X, inFeet * 0.3048, 1e-4);
+}
+
+TEST_F(MultiPoint, AZoneThatTellsNoUnitIsInMeters) {
+    PutGeographicInput();
+    library.Change(test::TransverseZone, "Linear Units", "");
+    EXPECT_TRUE(ConvertInputToOutput({"TST", "10", "", "", "", ""}));
+    EXPECT_EQ(Output().HorizontalUnits, "Meters");
+    EXPECT_EQ(Point().HorizontalUnits, "Meters");
 }
 
 TEST_F(MultiPoint, GeographicToGeographicKeepsTheFormatOfTheInput) {
